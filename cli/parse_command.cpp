@@ -1,0 +1,116 @@
+// `ostrel parse [--json] [FILE]`: every line of a lesson through the dispatcher, as a table or as JSON lines.
+#include <algorithm>
+#include <iostream>
+
+#include "commands.h"
+#include "json.h"
+#include "lesson.h"
+#include "ostrel/OstrelCore.h"
+#include "platform/text.h"
+
+namespace ostrel::cli {
+
+size_t DisplayWidth(const std::wstring& text) {
+  size_t width = 0;
+  for (const wchar_t c : text) {
+    const auto cp = static_cast<unsigned long>(c);
+    const bool wide = (cp >= 0x1100 && cp <= 0x115F) || (cp >= 0x2E80 && cp <= 0xA4CF) ||
+                      (cp >= 0xAC00 && cp <= 0xD7A3) || (cp >= 0xF900 && cp <= 0xFAFF) ||
+                      (cp >= 0xFE30 && cp <= 0xFE4F) || (cp >= 0xFF00 && cp <= 0xFF60) ||
+                      (cp >= 0xFFE0 && cp <= 0xFFE6);
+    width += wide ? 2 : 1;
+  }
+  return width;
+}
+
+std::wstring VisibleText(const std::wstring& text) {
+  std::wstring out;
+  for (const wchar_t c : text) {
+    if (c == L'\t') out += L"\\t";
+    else if (c == L'\r') out += L"\\r";
+    else if (c == L'\n') out += L"\\n";
+    else if (static_cast<unsigned long>(c) < 0x20) out += Format(L"\\x%02x", static_cast<int>(c));
+    else out += c;
+  }
+  return out;
+}
+
+namespace {
+
+struct ParsedLine {
+  int result;
+  tagVantoScript script;
+};
+
+void PrintTable(const std::vector<ParsedLine>& parsed) {
+  constexpr size_t kMaxTitleWidth = 24;
+  size_t titleWidth = 5;
+  for (const ParsedLine& line : parsed) {
+    titleWidth = std::max(titleWidth, std::min(kMaxTitleWidth, DisplayWidth(VisibleText(line.script.strTitle))));
+  }
+  auto pad = [](const std::wstring& text, size_t width) {
+    const size_t used = DisplayWidth(text);
+    return text + std::wstring(used < width ? width - used : 0, L' ');
+  };
+  std::cout << ToUtf8(pad(L"line", 6) + pad(L"result", 8) + pad(L"title", titleWidth + 2) + L"detail") << '\n';
+  for (size_t i = 0; i < parsed.size(); ++i) {
+    const ParsedLine& line = parsed[i];
+    std::wstring row = pad(std::to_wstring(i + 1), 6) + pad(std::to_wstring(line.result), 8) +
+                       pad(VisibleText(line.script.strTitle), titleWidth + 2) + VisibleText(line.script.strDetail);
+    while (!row.empty() && row.back() == L' ') row.pop_back();
+    std::cout << ToUtf8(row) << '\n';
+  }
+}
+
+void PrintJsonLines(const std::vector<ParsedLine>& parsed) {
+  for (const ParsedLine& line : parsed) {
+    std::cout << JsonObject()
+                     .Add("result", std::to_string(line.result))
+                     .Add("title", JsonQuote(ToUtf8(line.script.strTitle)))
+                     .Add("detail", JsonQuote(ToUtf8(line.script.strDetail)))
+                     .Render()
+              << '\n';
+  }
+}
+
+}  // namespace
+
+int RunParseCommand(const std::vector<std::string>& args) {
+  bool json = false;
+  std::string path = "-";
+  int files = 0;
+  for (const std::string& arg : args) {
+    if (arg == "--json") {
+      json = true;
+    } else if (arg.size() > 1 && arg[0] == '-' && arg != "-") {
+      std::cerr << "ostrel parse: unknown option " << arg << "\n";
+      return 2;
+    } else {
+      path = arg;
+      ++files;
+    }
+  }
+  if (files > 1) {
+    std::cerr << "ostrel parse: give one lesson file (or - for standard input)\n";
+    return 2;
+  }
+  const std::optional<std::vector<std::wstring>> lines = ReadLesson(path);
+  if (!lines) {
+    std::cerr << "ostrel parse: cannot read " << path << "\n";
+    return 2;
+  }
+  Ostrel_Init();
+  std::vector<ParsedLine> parsed;
+  parsed.reserve(lines->size());
+  for (const std::wstring& line : *lines) {
+    ParsedLine result{};
+    result.result = Ostrel_ParseScript(line, result.script);
+    parsed.push_back(std::move(result));
+  }
+  Ostrel_UnInit();
+  if (json) PrintJsonLines(parsed);
+  else PrintTable(parsed);
+  return 0;
+}
+
+}  // namespace ostrel::cli

@@ -1,0 +1,7 @@
+// OstrelCore: the whole exported interface.
+#pragma once
+
+#include "ostrel/export.h"
+#include "ostrel/lifecycle.h"
+#include "ostrel/script.h"
+#include "ostrel/tools.h"

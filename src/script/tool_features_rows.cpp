@@ -1,0 +1,12 @@
+// The row TF: setting one option of the current tool.
+// Not built yet: every row here answers 0 with an empty record.
+#include "script/row_helpers.h"
+
+namespace ostrel {
+
+int ParseToolFeaturesRow(const Items&, tagVantoScript& script) {
+  ClearScript(script);
+  return 0;
+}
+
+}  // namespace ostrel

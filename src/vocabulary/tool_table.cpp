@@ -1,0 +1,104 @@
+// The tool table: Photoshop's tools by number, tool id and Chinese name, and the six exported conversions.
+#include "vocabulary/tool_table.h"
+
+#include <string_view>
+
+#include "frame/guard.h"
+
+namespace ostrel {
+namespace {
+
+struct ToolRow {
+  int index;
+  const wchar_t* nameCN;
+  const wchar_t* nameEN;
+};
+
+constexpr ToolRow kToolRows[] = {
+#define OSTREL_TOOL(index, nameCN, nameEN) {index, nameCN, nameEN},
+#include "vocabulary/tools.def"
+};
+
+// Module-wide, written only by Ostrel_Init; empty until then, so lookups before it find nothing.
+std::vector<tagToolInfo>& MutableToolTable() noexcept {
+  static std::vector<tagToolInfo> table;
+  return table;
+}
+
+// The first row whose field (picked by member) matches, or nullptr.
+template <class Pred>
+const tagToolInfo* FindTool(Pred matches) noexcept {
+  for (const tagToolInfo& row : ToolTable()) {
+    if (matches(row)) return &row;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void BuildToolTable() {
+  std::vector<tagToolInfo>& table = MutableToolTable();
+  table.clear();
+  table.reserve(std::size(kToolRows));
+  for (const ToolRow& row : kToolRows) table.push_back({row.index, row.nameEN, row.nameCN});
+}
+
+const std::vector<tagToolInfo>& ToolTable() noexcept { return MutableToolTable(); }
+
+int ToolIndexFromNameCN(std::wstring_view nameCN) noexcept {
+  const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.strNameCN == nameCN; });
+  return row ? row->nIndex : -1;
+}
+
+int ToolIndexFromNameEN(std::wstring_view nameEN) noexcept {
+  const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.strNameEN == nameEN; });
+  return row ? row->nIndex : -1;
+}
+
+std::wstring ToolNameCN(int index) {
+  const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.nIndex == index; });
+  return row ? row->strNameCN : std::wstring();
+}
+
+std::wstring ToolNameEN(int index) {
+  const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.nIndex == index; });
+  return row ? row->strNameEN : std::wstring();
+}
+
+std::wstring ToolNameCNFromEN(std::wstring_view nameEN) {
+  const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.strNameEN == nameEN; });
+  return row ? row->strNameCN : std::wstring();
+}
+
+std::wstring ToolNameENFromCN(std::wstring_view nameCN) {
+  const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.strNameCN == nameCN; });
+  return row ? row->strNameEN : std::wstring();
+}
+
+}  // namespace ostrel
+
+using ostrel::Guarded;
+
+OSTREL_API EnToolIndex Ostrel_ToolNameCNToIndex(std::wstring strNameCN) noexcept {
+  return EnToolIndex{ostrel::ToolIndexFromNameCN(strNameCN)};
+}
+
+OSTREL_API EnToolIndex Ostrel_ToolNameENToIndex(std::wstring strNameEN) noexcept {
+  return EnToolIndex{ostrel::ToolIndexFromNameEN(strNameEN)};
+}
+
+OSTREL_API std::wstring Ostrel_ToolIndexToNameCN(EnToolIndex nIndex) noexcept {
+  return Guarded(std::wstring(), [&] { return ostrel::ToolNameCN(nIndex); });
+}
+
+OSTREL_API std::wstring Ostrel_ToolIndexToNameEN(EnToolIndex nIndex) noexcept {
+  return Guarded(std::wstring(), [&] { return ostrel::ToolNameEN(nIndex); });
+}
+
+OSTREL_API std::wstring Ostrel_ToolNameENToNameCN(std::wstring strNameEN) noexcept {
+  return Guarded(std::wstring(), [&] { return ostrel::ToolNameCNFromEN(strNameEN); });
+}
+
+OSTREL_API std::wstring Ostrel_ToolNameCNToNameEN(std::wstring strNameCN) noexcept {
+  return Guarded(std::wstring(), [&] { return ostrel::ToolNameENFromCN(strNameCN); });
+}

@@ -1,0 +1,33 @@
+// The tool table as the rest of the library sees it: built by Ostrel_Init, searched linearly from row 0.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ostrel/tools.h"
+
+namespace ostrel {
+
+// One row of the tool table.
+struct tagToolInfo {
+  int nIndex;              // EnToolIndex
+  std::wstring strNameEN;  // Photoshop's tool id, case included
+  std::wstring strNameCN;  // the name the learner reads
+};
+
+// Empties the table and appends its 73 rows in search order; a second call gives the same table.
+void BuildToolTable();
+
+// The rows as built so far (empty before the first Ostrel_Init).
+const std::vector<tagToolInfo>& ToolTable() noexcept;
+
+// The six conversions. Each walks the rows from the first and stops at the first match; names compare whole
+// and with regard to case. Nothing found gives -1 or the empty string.
+int ToolIndexFromNameCN(std::wstring_view nameCN) noexcept;
+int ToolIndexFromNameEN(std::wstring_view nameEN) noexcept;
+std::wstring ToolNameCN(int index);
+std::wstring ToolNameEN(int index);
+std::wstring ToolNameCNFromEN(std::wstring_view nameEN);
+std::wstring ToolNameENFromCN(std::wstring_view nameCN);
+
+}  // namespace ostrel
