@@ -2,6 +2,7 @@
 #include "platform/platform.h"
 
 #include "platform/portable/portable_backends.h"
+#include "platform/system_backends.h"
 
 namespace ostrel {
 
@@ -30,6 +31,7 @@ Platform MakeDefaultPlatform() {
   platform.clock = &clock;
   platform.encoding = &encoding;
   platform.parameters = &DefaultParameters();
+  InstallSystemBackends(platform);
   return platform;
 }
 

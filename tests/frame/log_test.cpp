@@ -57,8 +57,9 @@ TEST_F(LogTest, ATextEndingInALineFeedGivesABlankLine) {
 
 TEST_F(LogTest, CharactersWithoutAFormInTheCodePageBecomeQuestionMarks) {
   CLogFile log;
-  log.WriteString(L"a\u00e9\U0001F600\u0e01b");  // é has a form; an emoji and a Thai letter have none
-  EXPECT_EQ(ReadLog(), "[09:05:00] a\xA8\xA6??b\r\n");
+  // é has a form; a Thai letter has none, and an emoji (two UTF-16 units) gives one '?' per unit.
+  log.WriteString(L"a\u00e9\u0e01\U0001F600b");
+  EXPECT_EQ(ReadLog(), "[09:05:00] a\xA8\xA6???b\r\n");
 }
 
 TEST_F(LogTest, EachDayHasItsOwnFileAndOldLinesStay) {

@@ -313,10 +313,11 @@ std::string PortableEncoding::ToCodePage936(std::wstring_view text) {
       const size_t done = iconv(converter, &in, &inLeft, &outPtr, &outLeft);
       out.append(buffer, static_cast<size_t>(outPtr - buffer));
       if (done != static_cast<size_t>(-1) || errno == E2BIG) continue;
-      // A character without a form in the code page: one '?' for the whole character, then go on.
-      out += '?';
+      // A character without a form in the code page: one '?' for each of its UTF-16 units, as the Windows
+      // converter writes them, so that the log has the same bytes on both systems.
       size_t skip = 1;
       while (skip < inLeft && (static_cast<unsigned char>(in[skip]) & 0xC0) == 0x80) ++skip;
+      out += skip == 4 ? "??" : "?";
       in += skip;
       inLeft -= skip;
       iconv(converter, nullptr, nullptr, nullptr, nullptr);
