@@ -1,0 +1,192 @@
+// The words of dialogs and option menus: checks over every list, so that a shifted, dropped or doubled row
+// shows up, and the exports that read them.
+#include "vocabulary/dialog_names.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ostrel/filters.h"
+
+namespace ostrel {
+namespace {
+
+std::vector<int> NumbersOf(DialogList list) {
+  std::vector<int> numbers;
+  for (const auto& row : DialogNameRows()) {
+    if (row.list == list) numbers.push_back(row.nNumber);
+  }
+  return numbers;
+}
+
+enum class Shape { Dense, Bits, Blocks };
+
+struct ListShape {
+  DialogList list;
+  size_t count;
+  Shape shape;
+  const char* name;
+};
+
+constexpr ListShape kListShapes[] = {
+    {DialogList::FilterGallery, 54, Shape::Blocks, "FilterGallery"},
+    {DialogList::CameraRawPanel, 15, Shape::Dense, "CameraRawPanel"},
+    {DialogList::RefineEdgeSub, 3, Shape::Bits, "RefineEdgeSub"},
+    {DialogList::RefineEdgeView, 7, Shape::Dense, "RefineEdgeView"},
+    {DialogList::RefineEdgeIndicate, 2, Shape::Dense, "RefineEdgeIndicate"},
+    {DialogList::RefineEdgeOutput, 6, Shape::Dense, "RefineEdgeOutput"},
+    {DialogList::CropOverlay, 6, Shape::Dense, "CropOverlay"},
+    {DialogList::FileType, 4, Shape::Dense, "FileType"},
+    {DialogList::FontAntiAlias, 7, Shape::Dense, "FontAntiAlias"},
+    {DialogList::ShapeColor, 4, Shape::Dense, "ShapeColor"},
+    {DialogList::BrushPreset, 14, Shape::Bits, "BrushPreset"},
+    {DialogList::CanvasMenu, 24, Shape::Blocks, "CanvasMenu"},
+};
+
+TEST(DialogLists, CountsAndNumbering) {
+  size_t total = 0;
+  for (const ListShape& shape : kListShapes) {
+    SCOPED_TRACE(shape.name);
+    const std::vector<int> numbers = NumbersOf(shape.list);
+    EXPECT_EQ(numbers.size(), shape.count);
+    total += numbers.size();
+    for (size_t i = 0; i < numbers.size(); ++i) {
+      SCOPED_TRACE(i);
+      if (shape.shape == Shape::Dense) {
+        EXPECT_EQ(numbers[i], static_cast<int>(i));
+      }
+      if (shape.shape == Shape::Bits) {
+        EXPECT_EQ(numbers[i], 1 << i);
+      }
+      if (i > 0) {  // ascending, so no number twice
+        EXPECT_GT(numbers[i], numbers[i - 1]);
+      }
+    }
+  }
+  EXPECT_EQ(total, DialogNameRows().size());
+}
+
+TEST(DialogLists, NoEmptyNamesAndNoTrailingBlanks) {
+  for (const auto& row : DialogNameRows()) {
+    SCOPED_TRACE(row.nNumber);
+    ASSERT_FALSE(row.strName.empty());
+    EXPECT_NE(row.strName.back(), L' ');
+    EXPECT_NE(row.strName.front(), L' ');
+  }
+}
+
+TEST(FilterGallery, BlocksOfFiftyStartWithTheirGroupAndNamesRoundTrip) {
+  const std::vector<int> numbers = NumbersOf(DialogList::FilterGallery);
+  std::set<int> heads;
+  for (int n : numbers) {
+    if (n % 50 == 0) heads.insert(n);
+  }
+  EXPECT_EQ(heads, (std::set<int>{0, 50, 100, 150, 200, 250}));
+  std::set<std::wstring> names;
+  for (int n : numbers) {
+    SCOPED_TRACE(n);
+    EXPECT_TRUE(heads.count(n / 50 * 50));
+    const std::wstring name = Ostrel_FilterGalleryToName(EnFilterGallery{n});
+    EXPECT_TRUE(names.insert(name).second);
+    EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(name), n);
+  }
+  EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L"纹理"), 200);  // a group's name is a name too
+  EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L"龟裂缝"), 201);
+  EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L"颗粒"), 202);
+  EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L"铬黄渐变"), 154);
+  EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L"纹理 "), -1);
+  EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L""), -1);
+  EXPECT_EQ(Ostrel_FilterGalleryToName(EnFilterGallery{3}), L"");
+}
+
+TEST(RefineEdge, ControlsCountFromZeroAndLieInSections) {
+  ASSERT_EQ(RefineEdgeRows().size(), 20u);
+  for (size_t i = 0; i < RefineEdgeRows().size(); ++i) {
+    const RefineEdgeRow& row = RefineEdgeRows()[i];
+    SCOPED_TRACE(i);
+    EXPECT_EQ(row.nControl, static_cast<int>(i));
+    // a section is none or one of the section list's own numbers
+    if (row.nSection != 0) {
+      EXPECT_NE(Ostrel_RefineEdgeSubclassToName(EnRefineEdgeSub{row.nSection}), L"");
+    }
+    EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{row.nControl}), row.nSection);
+  }
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{7}), 0);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{8}), 1);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{9}), 1);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{10}), 2);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{15}), 2);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{16}), 4);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{17}), 4);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{18}), 0);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{100}), 0);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{-1}), 0);
+  EXPECT_EQ(Ostrel_RefineEdgeSubclassToName(EnRefineEdgeSub{0}), L"");
+  EXPECT_EQ(Ostrel_RefineEdgeSubclassToName(EnRefineEdgeSub{3}), L"");
+  EXPECT_EQ(Ostrel_RefineEdgeToName(EnRefineEdge{19}), L"确定");
+  EXPECT_EQ(Ostrel_RefineEdgeToName(EnRefineEdge{20}), L"");
+}
+
+TEST(SmallLists, RepresentativeAndOddRows) {
+  EXPECT_EQ(Ostrel_CameraRawToName(EnCameraRawPanel{14}), L"预设");
+  EXPECT_EQ(Ostrel_RefineEdgeViewToName(EnRefineEdgeView{6}), L"图层");
+  EXPECT_EQ(Ostrel_RefineEdgeIndicateToName(EnRefineEdgeIndicate{1}), L"选定区域");
+  EXPECT_EQ(Ostrel_RefineEdgeOutputToName(EnRefineEdgeOutput{5}), L"新建带有图层蒙版的文档");
+  EXPECT_EQ(Ostrel_CropOverlayToName(EnCropOverlayOption{5}), L"金色螺线");
+  EXPECT_EQ(Ostrel_FileTypeToName(EnFileType{2}), L"jpg");
+  EXPECT_EQ(Ostrel_FileTypeToName(EnFileType{4}), L"");
+  EXPECT_EQ(Ostrel_FontAntiAliasToName(EnFontAntiAlias{5}), L"WindowsLCD");  // no blank
+  EXPECT_EQ(Ostrel_ShapeColorToName(EnShapeColorPanel{0}), L"无颜色");
+  EXPECT_EQ(Ostrel_BrushPresetIndexToName(EnBrushPreset{8192}), L"画笔预设");
+  EXPECT_EQ(Ostrel_BrushPresetIndexToName(EnBrushPreset{0}), L"");
+  EXPECT_EQ(Ostrel_BrushPresetIndexToName(EnBrushPreset{3}), L"");
+  EXPECT_EQ(Ostrel_CanvasMenuIndexToName(EnCanvasMenu{9}), L"旋转 180 度");
+  EXPECT_EQ(Ostrel_CanvasMenuIndexToName(EnCanvasMenu{58}), L"置为底层");
+  for (int n = 15; n < 50; ++n) EXPECT_EQ(Ostrel_CanvasMenuIndexToName(EnCanvasMenu{n}), L"") << n;
+}
+
+struct PositionCase {
+  OptionMenu menu;
+  int value;
+  int position;
+};
+
+constexpr PositionCase kPositionCases[] = {
+    {OptionMenu::CropOverlay, 0, 0},      {OptionMenu::CropOverlay, 5, 5},    {OptionMenu::CropOverlay, 6, -1},
+    {OptionMenu::PathOperation, 4, 4},    {OptionMenu::PathOperation, 5, 6},  // 5 skips a place
+    {OptionMenu::PathOperation, 6, -1},   {OptionMenu::AlignDistribute, 0, 4},
+    {OptionMenu::AlignDistribute, 3, 0},  {OptionMenu::AlignDistribute, 5, 2},
+    {OptionMenu::AlignDistribute, 12, 8}, {OptionMenu::AlignDistribute, 13, 9},
+    {OptionMenu::ArrangementType, 3, 3},  {OptionMenu::ArrangementType, 4, -1},
+    {OptionMenu::ArrangementType, -1, -1},
+};
+
+TEST(MenuPositions, RepresentativeRowsAndGaps) {
+  for (const PositionCase& c : kPositionCases) {
+    SCOPED_TRACE(c.value);
+    EXPECT_EQ(MenuPosition(c.menu, c.value), c.position);
+  }
+  for (int n = 6; n <= 11; ++n) EXPECT_EQ(Ostrel_AlignDistributeToMenuIndex(EnAlignDistribute{n}), -1) << n;
+  EXPECT_EQ(Ostrel_CropOverlayOptionToMenuIndex(EnCropOverlayOption{2}), 2);
+  EXPECT_EQ(Ostrel_PathOperationToMenuIndex(EnPathOpertion{5}), 6);
+  EXPECT_EQ(Ostrel_ArrangementTypeToMenuIndex(EnArrangementType{1}), 1);
+}
+
+TEST(MenuPositions, EachMenuHasUniqueValuesAndPositions) {
+  for (OptionMenu menu : {OptionMenu::CropOverlay, OptionMenu::PathOperation, OptionMenu::AlignDistribute,
+                          OptionMenu::ArrangementType}) {
+    std::set<int> values, positions;
+    for (const MenuPositionRow& row : MenuPositionRows()) {
+      if (row.menu != menu) continue;
+      EXPECT_TRUE(values.insert(row.nValue).second) << row.nValue;
+      EXPECT_TRUE(positions.insert(row.nPosition).second) << row.nPosition;
+    }
+    EXPECT_FALSE(values.empty());
+  }
+  EXPECT_EQ(MenuPositionRows().size(), 24u);
+}
+
+}  // namespace
+}  // namespace ostrel
