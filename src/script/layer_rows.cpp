@@ -109,7 +109,42 @@ std::wstring Fill(std::wstring_view pattern, const LayerRow& row, const Items& i
   return FormatArgs(pattern, args.data(), args.size());
 }
 
-// Fills the record for a sub-command whose count of items is there; returns the row's result.
+// The sentence of a sub-command that chooses it by a case of item 2 or 3; returns the row's result.
+int ChooseSentence(const LayerRow& row, const Items& items, std::wstring& detail) {
+  switch (row.sentence) {
+    case LayerSentence::ByMode: {
+      const LayerCase* c = FindCase(row.nSub, ItemInt(items, 2));
+      if (c != nullptr) detail = Fill(c->strText, row, items);
+      return 1;  // an unknown mode leaves the sentence empty and still succeeds
+    }
+    case LayerSentence::ByBit: {
+      const LayerCase* c = FindBitCase(row.nSub, ItemInt(items, 2));
+      if (c == nullptr) return 0;
+      detail = Fill(c->strText, row, items);
+      return 1;
+    }
+    case LayerSentence::ByLock: {
+      detail = ArgText(row.args[0], items);  // the first word stays even when the lock is unknown
+      const LayerCase* c = FindCase(row.nSub, ItemInt(items, 2));
+      if (c == nullptr) return 0;
+      detail += c->strText;
+      return 1;
+    }
+    case LayerSentence::ByFlag: {
+      const LayerCase* c = FindCase(row.nSub, ItemInt(items, 3) == 1 ? 1 : 0);
+      if (c != nullptr) detail = Fill(c->strText, row, items);
+      return 1;
+    }
+    case LayerSentence::Same:
+    case LayerSentence::Pattern:
+    case LayerSentence::MenuTitle:
+      break;
+  }
+  return 0;
+}
+
+// Fills the record for a sub-command whose count of items is there; returns the row's result. The title is
+// set first, so that a sentence that fails leaves it set.
 int MakeStep(const LayerRow& row, const Items& items, tagVantoScript& script) {
   script.strTitle = row.strTitle;
   switch (row.sentence) {
@@ -123,29 +158,11 @@ int MakeStep(const LayerRow& row, const Items& items, tagVantoScript& script) {
       script.strTitle = LayerMenuName(ItemInt(items, 2));
       script.strDetail = Fill(row.strPattern, row, items);
       return 1;
-    case LayerSentence::ByMode: {
-      const LayerCase* c = FindCase(row.nSub, ItemInt(items, 2));
-      if (c != nullptr) script.strDetail = Fill(c->strText, row, items);
-      return 1;
-    }
-    case LayerSentence::ByBit: {
-      const LayerCase* c = FindBitCase(row.nSub, ItemInt(items, 2));
-      if (c == nullptr) return 0;
-      script.strDetail = Fill(c->strText, row, items);
-      return 1;
-    }
-    case LayerSentence::ByLock: {
-      script.strDetail = ArgText(row.args[0], items);
-      const LayerCase* c = FindCase(row.nSub, ItemInt(items, 2));
-      if (c == nullptr) return 0;
-      script.strDetail += c->strText;
-      return 1;
-    }
-    case LayerSentence::ByFlag: {
-      const LayerCase* c = FindCase(row.nSub, ItemInt(items, 3) == 1 ? 1 : 0);
-      if (c != nullptr) script.strDetail = Fill(c->strText, row, items);
-      return 1;
-    }
+    case LayerSentence::ByMode:
+    case LayerSentence::ByBit:
+    case LayerSentence::ByLock:
+    case LayerSentence::ByFlag:
+      return ChooseSentence(row, items, script.strDetail);
   }
   return 0;
 }
