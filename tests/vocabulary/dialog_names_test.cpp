@@ -108,16 +108,10 @@ TEST(RefineEdge, ControlsCountFromZeroAndLieInSections) {
     }
     EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{row.nControl}), row.nSection);
   }
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{7}), 0);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{8}), 1);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{9}), 1);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{10}), 2);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{15}), 2);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{16}), 4);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{17}), 4);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{18}), 0);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{100}), 0);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{-1}), 0);
+  // The sections are runs: 8-9 edge detection (1), 10-15 global adjustments (2), 16-17 output (4).
+  for (int n = -1; n <= 21; ++n) {
+    EXPECT_EQ(Ostrel_IsRefineEdgeSub(EnRefineEdge{n}), n < 8 || n > 17 ? 0 : n < 10 ? 1 : n < 16 ? 2 : 4) << n;
+  }
   EXPECT_EQ(Ostrel_RefineEdgeSubclassToName(EnRefineEdgeSub{0}), L"");
   EXPECT_EQ(Ostrel_RefineEdgeSubclassToName(EnRefineEdgeSub{3}), L"");
   EXPECT_EQ(Ostrel_RefineEdgeToName(EnRefineEdge{19}), L"确定");
