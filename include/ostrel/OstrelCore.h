@@ -2,6 +2,9 @@
 #pragma once
 
 #include "ostrel/export.h"
+#include "ostrel/filters.h"
+#include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
+#include "ostrel/menus.h"
 #include "ostrel/script.h"
 #include "ostrel/tools.h"
