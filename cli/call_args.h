@@ -3,6 +3,7 @@
 // from the command line, ToJson for the result and for out-parameters (non-const references).
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -28,6 +29,22 @@ struct ArgTraits<int> {
     return true;
   }
   static std::string ToJson(int value) { return std::to_string(value); }
+};
+
+// A colour value: a whole number from 0 to 0xFFFFFFFF.
+template <>
+struct ArgTraits<std::uint32_t> {
+  static constexpr const char* kName = "uint32";
+  static bool FromJson(const Json& json, std::uint32_t& out, std::string& error) {
+    if (!json.IsInteger() || json.number < 0 || json.number > 4294967295.0) {
+      error = "expects a whole number from 0 to 4294967295, got " +
+              (json.text.empty() ? std::string("a non-number") : json.text);
+      return false;
+    }
+    out = static_cast<std::uint32_t>(json.number);
+    return true;
+  }
+  static std::string ToJson(std::uint32_t value) { return std::to_string(value); }
 };
 
 // The exported enumerations travel as their numbers.

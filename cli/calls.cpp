@@ -10,6 +10,8 @@ constexpr CallFamily kFamilies[] = {
     LifecycleCalls,
     ScriptCalls,
     ToolCalls,
+    SwatchCalls,
+    PresetCalls,
 };
 
 const std::vector<CallEntry>& AllCalls() {

@@ -3,5 +3,7 @@
 
 #include "ostrel/export.h"
 #include "ostrel/lifecycle.h"
+#include "ostrel/presets.h"
 #include "ostrel/script.h"
+#include "ostrel/swatches.h"
 #include "ostrel/tools.h"
