@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "json.h"
+#include "ostrel/menus.h"
 #include "ostrel/script.h"
 #include "platform/text.h"
 
@@ -143,6 +144,24 @@ struct ArgTraits<tagVantoScript> {
     return JsonObject()
         .Add("strTitle", JsonQuote(ToUtf8(script.strTitle)))
         .Add("strDetail", JsonQuote(ToUtf8(script.strDetail)))
+        .Render();
+  }
+};
+
+// A top menu row is an out-parameter: filled by the call, printed field by field.
+template <>
+struct ArgTraits<tagTopMenuInfo> {
+  static constexpr const char* kName = "tagTopMenuInfo";
+  static bool FromJson(const Json&, tagTopMenuInfo&, std::string& error) {
+    error = "a record is an out-parameter";
+    return false;
+  }
+  static std::string ToJson(const tagTopMenuInfo& info) {
+    return JsonObject()
+        .Add("nIndex", std::to_string(static_cast<int>(info.nIndex)))
+        .Add("strMenu1", JsonQuote(ToUtf8(info.strMenu1)))
+        .Add("strMenu2", JsonQuote(ToUtf8(info.strMenu2)))
+        .Add("strMenu3", JsonQuote(ToUtf8(info.strMenu3)))
         .Render();
   }
 };

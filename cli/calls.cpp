@@ -10,6 +10,9 @@ constexpr CallFamily kFamilies[] = {
     LifecycleCalls,
     ScriptCalls,
     ToolCalls,
+    MenuCalls,
+    LayerCalls,
+    FilterCalls,
     SwatchCalls,
     PresetCalls,
 };

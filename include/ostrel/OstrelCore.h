@@ -2,7 +2,10 @@
 #pragma once
 
 #include "ostrel/export.h"
+#include "ostrel/filters.h"
+#include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
+#include "ostrel/menus.h"
 #include "ostrel/presets.h"
 #include "ostrel/script.h"
 #include "ostrel/swatches.h"

@@ -2,7 +2,9 @@
 #include "ostrel/lifecycle.h"
 
 #include "frame/guard.h"
+#include "vocabulary/layer_filter_table.h"
 #include "vocabulary/tool_table.h"
+#include "vocabulary/top_menu_table.h"
 
 namespace ostrel {
 
@@ -10,8 +12,8 @@ namespace ostrel {
 // table first, so calling this again gives the same tables.
 void BuildTables() {
   BuildToolTable();
-  // The top menu table is built here, second.
-  // The filter table is built here, third.
+  BuildTopMenuTable();
+  BuildLayerFilterTable();
 }
 
 }  // namespace ostrel
