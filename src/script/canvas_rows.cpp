@@ -3,6 +3,7 @@
 
 #include "script/checked_parse.h"
 #include "script/row_helpers.h"
+#include "vocabulary/dialog_names.h"
 
 namespace ostrel {
 namespace {
@@ -31,9 +32,13 @@ int ParseCanvasRow(const Items& items, tagVantoScript& script) {
   return SetScript(script, L"画布操作", Format(L"画布操作【%s】", text));
 }
 
-int ParseCanvasMenuRow(const Items&, tagVantoScript& script) {
+// CANVAS_MENU,<EnCanvasMenu>. An unknown entry gives an empty name, and the row still succeeds.
+int ParseCanvasMenuRow(const Items& items, tagVantoScript& script) {
   ClearScript(script);
-  return 0;
+  if (!HasItems(items, 2)) return 0;
+  std::wstring name = NamedByLookup(DialogName(DialogList::CanvasMenu, ItemInt(items, 1)));
+  std::wstring detail = Format(L"画布菜单：%s", name);
+  return SetScript(script, std::move(name), std::move(detail));
 }
 
 // CANVAS_SUBMIT looks at no item and can't fail.

@@ -125,6 +125,11 @@ constexpr LineCase kLineCases[] = {
     {L"CANVAS_SUBMIT", 1, L"画布提交", L"画布提交"},
     {L"CANVAS_SUBMIT,7,8", 1, L"画布提交", L"画布提交"},
     {L"canvas,0", 0, L"", L""},
+    {L"CANVAS_MENU,0", 1, L"自由变换", L"画布菜单：自由变换"},
+    {L"CANVAS_MENU,9", 1, L"旋转 180 度", L"画布菜单：旋转 180 度"},
+    {L"CANVAS_MENU,58", 1, L"置为底层", L"画布菜单：置为底层"},
+    {L"CANVAS_MENU,15", 1, L"", L"画布菜单："},  // no entry: empty title, still understood
+    {L"CANVAS_MENU", 0, L"", L""},
 };
 
 TEST(CanvasRowsTest, DispatchedLinesGiveTheirSteps) {
