@@ -10,6 +10,7 @@ constexpr CallFamily kFamilies[] = {
     LifecycleCalls,
     ScriptCalls,
     ToolCalls,
+    ToolOptionCalls,
 };
 
 const std::vector<CallEntry>& AllCalls() {

@@ -4,4 +4,5 @@
 #include "ostrel/export.h"
 #include "ostrel/lifecycle.h"
 #include "ostrel/script.h"
+#include "ostrel/tool_options.h"
 #include "ostrel/tools.h"
