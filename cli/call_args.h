@@ -3,7 +3,6 @@
 // from the command line, ToJson for the result and for out-parameters (non-const references).
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -32,20 +31,20 @@ struct ArgTraits<int> {
   static std::string ToJson(int value) { return std::to_string(value); }
 };
 
-// A colour value: a whole number from 0 to 0xFFFFFFFF.
+// An unsigned 32-bit id: a negative number is taken as its two's complement, as a caller passing -1 gets.
 template <>
-struct ArgTraits<std::uint32_t> {
-  static constexpr const char* kName = "uint32";
-  static bool FromJson(const Json& json, std::uint32_t& out, std::string& error) {
-    if (!json.IsInteger() || json.number < 0 || json.number > 4294967295.0) {
-      error = "expects a whole number from 0 to 4294967295, got " +
+struct ArgTraits<unsigned int> {
+  static constexpr const char* kName = "uint";
+  static bool FromJson(const Json& json, unsigned int& out, std::string& error) {
+    if (!json.IsInteger() || json.number < -2147483648.0 || json.number > 4294967295.0) {
+      error = "expects a whole number from -2147483648 to 4294967295, got " +
               (json.text.empty() ? std::string("a non-number") : json.text);
       return false;
     }
-    out = static_cast<std::uint32_t>(json.number);
+    out = static_cast<unsigned int>(static_cast<long long>(json.number));
     return true;
   }
-  static std::string ToJson(std::uint32_t value) { return std::to_string(value); }
+  static std::string ToJson(unsigned int value) { return std::to_string(value); }
 };
 
 // The exported enumerations travel as their numbers.

@@ -15,6 +15,7 @@ constexpr CallFamily kFamilies[] = {
     FilterCalls,
     SwatchCalls,
     PresetCalls,
+    ToolOptionCalls,
 };
 
 const std::vector<CallEntry>& AllCalls() {

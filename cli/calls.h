@@ -116,6 +116,7 @@ const std::vector<CallEntry>& LayerCalls();
 const std::vector<CallEntry>& FilterCalls();
 const std::vector<CallEntry>& SwatchCalls();
 const std::vector<CallEntry>& PresetCalls();
+const std::vector<CallEntry>& ToolOptionCalls();
 
 // Every callable export, family by family.
 const std::vector<CallEntry>& AllCalls();

@@ -9,4 +9,5 @@
 #include "ostrel/presets.h"
 #include "ostrel/script.h"
 #include "ostrel/swatches.h"
+#include "ostrel/tool_options.h"
 #include "ostrel/tools.h"
