@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "script/checked_parse.h"
 #include "script/row_helpers.h"
 #include "vocabulary/fixed_list.h"
 #include "vocabulary/tool_option_catalogue.h"
@@ -81,12 +82,12 @@ const Sentence* SentenceOf(int kind, std::wstring_view value) noexcept {
 std::wstring Resolve(const Text& text, const OptionLine& line) {
   switch (text.word) {
     case kLiteral: return text.szLiteral;
-    case kName: return line.strName;
-    case kValueName: return ToolOptionValueName(line.nId, line.strValue);
+    case kName: return NamedByLookup(line.strName);
+    case kValueName: return NamedByLookup(ToolOptionValueName(line.nId, line.strValue));
     case kUnit: return ToolOptionUnit(line.nId);
     case kValue: return line.strValue;
-    case kCropOverlayName: return CropOverlayName(WToI(line.strValue));
-    case kFontAntiAliasName: return FontAntiAliasName(WToI(line.strValue));
+    case kCropOverlayName: return NamedByLookup(CropOverlayName(WToI(line.strValue)));
+    case kFontAntiAliasName: return NamedByLookup(FontAntiAliasName(WToI(line.strValue)));
   }
   return {};
 }
