@@ -10,19 +10,19 @@
 
 #include "ostrel/script.h"
 #include "platform/text.h"
+#include "../support/fingerprint.h"
+#include "../support/line_cases.h"
 
 namespace ostrel {
 namespace {
 
-// FNV-1a over the UTF-8 of every row as "code:text\n", in table order.
+using test_support::LineCase;
+
+// Over the UTF-8 of every row as "code:text\n", in table order.
 std::uint64_t TableFingerprint() {
-  std::uint64_t hash = 0xcbf29ce484222325ULL;
-  for (const CanvasOperation& row : CanvasOperations()) {
-    for (const unsigned char byte : ToUtf8(Format(L"%d:%s\n", row.nCode, row.strText))) {
-      hash = (hash ^ byte) * 0x100000001b3ULL;
-    }
-  }
-  return hash;
+  std::wstring rows;
+  for (const CanvasOperation& row : CanvasOperations()) rows += Format(L"%d:%s\n", row.nCode, row.strText);
+  return test_support::Fingerprint(ToUtf8(rows));
 }
 
 // The tool name in front of the hyphen (the underscore for the modifier keys), without the blank that one row
@@ -108,13 +108,6 @@ TEST(CanvasOperationTableTest, CodesOutsideTheTableHaveNoText) {
   }
 }
 
-struct LineCase {
-  const wchar_t* line;
-  int result;
-  const wchar_t* title;
-  const wchar_t* detail;
-};
-
 constexpr LineCase kLineCases[] = {
     {L"CANVAS,-1", 1, L"画布操作", L"画布操作【NONE-手动录制画布】"},
     {L"CANVAS,1250", 1, L"画布操作", L"画布操作【红眼工具-绘制\t】"},
@@ -132,15 +125,7 @@ constexpr LineCase kLineCases[] = {
     {L"CANVAS_MENU", 0, L"", L""},
 };
 
-TEST(CanvasRowsTest, DispatchedLinesGiveTheirSteps) {
-  for (const LineCase& c : kLineCases) {
-    SCOPED_TRACE(ToUtf8(c.line));
-    tagVantoScript script{L"old", L"old"};
-    EXPECT_EQ(Ostrel_ParseScript(std::wstring(c.line), script), c.result);
-    EXPECT_EQ(script.strTitle, c.title);
-    EXPECT_EQ(script.strDetail, c.detail);
-  }
-}
+TEST(CanvasRowsTest, DispatchedLinesGiveTheirSteps) { test_support::ExpectSteps(kLineCases); }
 
 TEST(CanvasRowsTest, CanvasKeepsTheRecordWhenTheCodeIsMissing) {
   tagVantoScript script{L"old title", L"old detail"};

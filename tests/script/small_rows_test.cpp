@@ -7,6 +7,7 @@
 
 #include "ostrel/script.h"
 #include "platform/text.h"
+#include "../support/line_cases.h"
 
 namespace ostrel {
 namespace {
@@ -36,12 +37,7 @@ TEST(ShortcutKeyTableTest, RepeatedCommandsKeepTheirOwnCodes) {
   EXPECT_EQ(ShortcutKeyName(107), L"一直按住Space");
 }
 
-struct LineCase {
-  const wchar_t* line;
-  int result;
-  const wchar_t* title;
-  const wchar_t* detail;
-};
+using test_support::LineCase;
 
 // Each case names the mistake it would catch.
 constexpr LineCase kLineCases[] = {
@@ -77,15 +73,7 @@ constexpr LineCase kLineCases[] = {
     {L"REF_LINE,0", 0, L"", L""},
 };
 
-TEST(SmallRowsTest, DispatchedLinesGiveTheirSteps) {
-  for (const LineCase& c : kLineCases) {
-    SCOPED_TRACE(ToUtf8(c.line));
-    tagVantoScript script{L"old", L"old"};
-    EXPECT_EQ(Ostrel_ParseScript(std::wstring(c.line), script), c.result);
-    EXPECT_EQ(script.strTitle, c.title);
-    EXPECT_EQ(script.strDetail, c.detail);
-  }
-}
+TEST(SmallRowsTest, DispatchedLinesGiveTheirSteps) { test_support::ExpectSteps(kLineCases); }
 
 // The direct functions look at items from 1 on and empty a record that a failed line leaves behind.
 TEST(SmallRowsTest, DirectFunctionsIgnoreTheKeyword) {

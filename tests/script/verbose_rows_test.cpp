@@ -2,16 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "ostrel/OstrelCore.h"
-#include "platform/text.h"
+#include "../support/line_cases.h"
 
 namespace {
 
-struct LineCase {
-  const wchar_t* line;
-  int result;
-  const wchar_t* title;
-  const wchar_t* detail;
-};
+using ostrel::test_support::LineCase;
 
 // Each case names the mistake it would catch.
 constexpr LineCase kLineCases[] = {
@@ -48,13 +43,7 @@ constexpr LineCase kLineCases[] = {
 
 TEST(VerboseRowTest, DispatchedLinesGiveTheirSteps) {
   Ostrel_Init();
-  for (const LineCase& c : kLineCases) {
-    SCOPED_TRACE(ostrel::ToUtf8(c.line));
-    tagVantoScript script{L"old", L"old"};
-    EXPECT_EQ(Ostrel_ParseScript(std::wstring(c.line), script), c.result);
-    EXPECT_EQ(script.strTitle, c.title);
-    EXPECT_EQ(script.strDetail, c.detail);
-  }
+  ostrel::test_support::ExpectSteps(kLineCases);
 }
 
 }  // namespace

@@ -11,19 +11,16 @@
 #include "ostrel/swatches.h"
 #include "platform/color_text.h"
 #include "platform/text.h"
+#include "../support/fingerprint.h"
 
 namespace ostrel {
 namespace {
 
-// FNV-1a over the UTF-8 of every row as "color:name\n", in table order.
+// Over the UTF-8 of every row as "color:name\n", in table order.
 std::uint64_t TableFingerprint() {
-  std::uint64_t hash = 0xcbf29ce484222325ULL;
-  for (const ColorSwatch& row : ColorSwatches()) {
-    for (const unsigned char byte : ToUtf8(Format(L"%s:%s\n", row.strColor, row.strName))) {
-      hash = (hash ^ byte) * 0x100000001b3ULL;
-    }
-  }
-  return hash;
+  std::wstring rows;
+  for (const ColorSwatch& row : ColorSwatches()) rows += Format(L"%s:%s\n", row.strColor, row.strName);
+  return test_support::Fingerprint(ToUtf8(rows));
 }
 
 TEST(ColorSwatchTableTest, RowsAreWellFormed) {
