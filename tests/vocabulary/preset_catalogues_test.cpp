@@ -119,24 +119,5 @@ TEST(PresetClassTest, GradientSubstringClasses) {
   }
 }
 
-TEST(PresetClassTest, SubstringClassesStandBetweenTheWholeNameClasses) {
-  // A whole name of the first class is never taken by a substring class, and the last class is tried only after
-  // all ten substring classes: "灰白色_01" holds no "灰色_", so it reaches 中性色.
-  bool seenSubstring = false, seenLastWhole = false;
-  for (const PresetRow& row : PresetRows()) {
-    if (row.catalogue != PresetCatalogue::Gradient) continue;
-    if (row.test == PresetTest::Substring) {
-      EXPECT_FALSE(seenLastWhole);
-      seenSubstring = true;
-    } else if (seenSubstring) {
-      seenLastWhole = true;
-      EXPECT_EQ(std::wstring(row.strClass), L"中性色");
-    } else {
-      EXPECT_EQ(std::wstring(row.strClass), L"通用渐变");
-    }
-  }
-  EXPECT_TRUE(seenLastWhole);
-}
-
 }  // namespace
 }  // namespace ostrel
