@@ -31,6 +31,22 @@ struct ArgTraits<int> {
   static std::string ToJson(int value) { return std::to_string(value); }
 };
 
+// An unsigned 32-bit id: a negative number is taken as its two's complement, as a caller passing -1 gets.
+template <>
+struct ArgTraits<unsigned int> {
+  static constexpr const char* kName = "uint";
+  static bool FromJson(const Json& json, unsigned int& out, std::string& error) {
+    if (!json.IsInteger() || json.number < -2147483648.0 || json.number > 4294967295.0) {
+      error = "expects a whole number from -2147483648 to 4294967295, got " +
+              (json.text.empty() ? std::string("a non-number") : json.text);
+      return false;
+    }
+    out = static_cast<unsigned int>(static_cast<long long>(json.number));
+    return true;
+  }
+  static std::string ToJson(unsigned int value) { return std::to_string(value); }
+};
+
 // The exported enumerations travel as their numbers.
 template <class E>
 struct ArgTraits<E, std::enable_if_t<std::is_enum_v<E>>> {

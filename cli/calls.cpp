@@ -13,6 +13,9 @@ constexpr CallFamily kFamilies[] = {
     MenuCalls,
     LayerCalls,
     FilterCalls,
+    SwatchCalls,
+    PresetCalls,
+    ToolOptionCalls,
 };
 
 const std::vector<CallEntry>& AllCalls() {

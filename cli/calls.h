@@ -114,6 +114,9 @@ const std::vector<CallEntry>& ToolCalls();
 const std::vector<CallEntry>& MenuCalls();
 const std::vector<CallEntry>& LayerCalls();
 const std::vector<CallEntry>& FilterCalls();
+const std::vector<CallEntry>& SwatchCalls();
+const std::vector<CallEntry>& PresetCalls();
+const std::vector<CallEntry>& ToolOptionCalls();
 
 // Every callable export, family by family.
 const std::vector<CallEntry>& AllCalls();

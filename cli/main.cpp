@@ -20,6 +20,9 @@ constexpr const char* kUsage =
     "                            \"result\" and each out-parameter; an ARG that parses as JSON is taken as\n"
     "                            that value, anything else as a plain string\n"
     "  call --list               list every callable export with its signature\n"
+    "  lint [--json] [FILE...]   check lessons (- or none: standard input): report, with file and line, every\n"
+    "                            line that isn't understood and every line with an unknown code; exit 0\n"
+    "                            when clean, 1 when a line was reported, 2 when a file can't be read\n"
     "  --help                    this text\n"
     "  --version                 the library's version\n"
     "\n"
@@ -75,6 +78,7 @@ int main(int argc, char** argv) {
   }
   if (command == "parse") return ostrel::cli::RunParseCommand(args);
   if (command == "call") return ostrel::cli::RunCallCommand(args);
+  if (command == "lint") return ostrel::cli::RunLintCommand(args);
   std::cerr << "ostrel: unknown command " << command << "\n\n" << kUsage;
   return 2;
 }

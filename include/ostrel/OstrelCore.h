@@ -6,5 +6,8 @@
 #include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
 #include "ostrel/menus.h"
+#include "ostrel/presets.h"
 #include "ostrel/script.h"
+#include "ostrel/swatches.h"
+#include "ostrel/tool_options.h"
 #include "ostrel/tools.h"

@@ -2,6 +2,7 @@
 // bar.
 #include <string_view>
 
+#include "script/checked_parse.h"
 #include "script/row_helpers.h"
 #include "vocabulary/dialog_names.h"
 #include "vocabulary/top_menu_table.h"
@@ -50,7 +51,7 @@ std::wstring FileDetail(const FileRow& row, const Items& items) {
     case FileSentence::Name:
       return Format(row.strPattern, ItemText(items, 2));
     case FileSentence::NameAndType:
-      return Format(row.strPattern, ItemText(items, 2), DialogName(DialogList::FileType, ItemInt(items, 3)));
+      return Format(row.strPattern, ItemText(items, 2), NamedByLookup(DialogName(DialogList::FileType, ItemInt(items, 3))));
   }
   return {};
 }

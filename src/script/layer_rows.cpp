@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "script/checked_parse.h"
 #include "script/row_helpers.h"
 #include "vocabulary/layer_filter_table.h"
 #include "vocabulary/layer_vocabulary.h"
@@ -80,19 +81,19 @@ std::wstring ArgText(const LayerArg& arg, const Items& items) {
     case LayerArgKind::Item:
       return text;  // sequence numbers and names as recorded: 007 stays 007
     case LayerArgKind::Blend:
-      return LayerBlendName(WToI(text));
+      return NamedByLookup(LayerBlendName(WToI(text)));
     case LayerArgKind::Style:
-      return LayerStyleName(WToI(text));
+      return NamedByLookup(LayerStyleName(WToI(text)));
     case LayerArgKind::Adjust:
-      return AdjustLayerName(WToI(text));
+      return NamedByLookup(AdjustLayerName(WToI(text)));
     case LayerArgKind::Mask:
-      return LayerMaskName(WToI(text));
+      return NamedByLookup(LayerMaskName(WToI(text)));
     case LayerArgKind::Menu:
-      return LayerMenuName(WToI(text));
+      return NamedByLookup(LayerMenuName(WToI(text)));
     case LayerArgKind::Filter:
-      return LayerFilterName(WToI(text));
+      return NamedByLookup(LayerFilterName(WToI(text)));
     case LayerArgKind::Select:
-      return SelectModeName(WToI(text));
+      return NamedByLookup(SelectModeName(WToI(text)));
     case LayerArgKind::Flag:
       return std::wstring(WToI(text) == 1 ? arg.strYes : arg.strNo);
   }
@@ -155,7 +156,7 @@ int MakeStep(const LayerRow& row, const Items& items, tagVantoScript& script) {
       script.strDetail = Fill(row.strPattern, row, items);
       return 1;
     case LayerSentence::MenuTitle:
-      script.strTitle = LayerMenuName(ItemInt(items, 2));
+      script.strTitle = NamedByLookup(LayerMenuName(ItemInt(items, 2)));
       script.strDetail = Fill(row.strPattern, row, items);
       return 1;
     case LayerSentence::ByMode:

@@ -1,4 +1,5 @@
 // The rows LAYER_STYLE and ADJUST_LAYER.
+#include "script/checked_parse.h"
 #include "script/row_helpers.h"
 #include "vocabulary/layer_vocabulary.h"
 
@@ -11,7 +12,7 @@ int ParseLayerStyleRow(const Items&, tagVantoScript& script) { return SetScript(
 int ParseAdjustLayerRow(const Items& items, tagVantoScript& script) {
   ClearScript(script);
   if (!HasItems(items, 2)) return 0;
-  std::wstring name = AdjustLayerName(ItemInt(items, 1));
+  std::wstring name = NamedByLookup(AdjustLayerName(ItemInt(items, 1)));
   std::wstring detail = Format(L"设置调整图层 - %s", name);
   return SetScript(script, std::move(name), std::move(detail));
 }
