@@ -1,6 +1,8 @@
 // A small recursive descent JSON parser and the writer of the tool's answers.
 #include "json.h"
 
+#include "platform/text.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -131,24 +133,6 @@ class Parser {
     return true;
   }
 
-  static void AppendUtf8(std::string& out, unsigned cp) {
-    if (cp < 0x80) {
-      out += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-      out += static_cast<char>(0xC0 | (cp >> 6));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-      out += static_cast<char>(0xE0 | (cp >> 12));
-      out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-      out += static_cast<char>(0xF0 | (cp >> 18));
-      out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-      out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    }
-  }
-
   bool ParseEscape(std::string& out) {
     if (m_pos >= m_text.size()) return false;
     const char e = m_text[m_pos++];
@@ -176,8 +160,7 @@ class Parser {
         m_pos = save;
       }
     }
-    if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0xFFFD;
-    AppendUtf8(out, cp);
+    AppendUtf8(out, cp);  // a lone surrogate becomes U+FFFD
     return true;
   }
 

@@ -62,6 +62,8 @@ std::wstring Format(std::wstring_view pattern, const Args&... args) {
 // UTF-8 to wide text and back. Wide text is UTF-16 where wchar_t has 16 bits and UTF-32 where it has 32.
 // Malformed input becomes U+FFFD; nothing throws but allocation.
 std::string ToUtf8(std::wstring_view text);
+// Appends one code point as UTF-8; a surrogate or a number beyond U+10FFFF becomes U+FFFD.
+void AppendUtf8(std::string& out, char32_t codePoint);
 std::wstring FromUtf8(std::string_view text);
 
 }  // namespace ostrel
