@@ -196,8 +196,8 @@ LayerNode Loader::LoadLayer(const Json& json, const std::string& pointer) {
   return node;
 }
 
-// Gives every entry of the stack a layerID (keeping those given, which must differ) and checks given itemIndexes
-// and the place of the background.
+// Gives every entry of the stack a layerID (keeping those given, which must differ) and checks the place of the
+// background. itemIndex isn't checked: reads give the place in the stack, whatever a pasted descriptor says.
 void Loader::NumberLayers(DocumentState& document, const std::string& pointer) {
   std::vector<StackEntry> stack = LayerStack(document);
   std::set<int32_t> ids;
@@ -211,12 +211,6 @@ void Loader::NumberLayers(DocumentState& document, const std::string& pointer) {
   for (size_t i = 0; i < stack.size(); ++i) {
     Descriptor& descriptor = stack[i].descriptor();
     if (!descriptor.Find(CharId("LyrI"))) descriptor.Put(CharId("LyrI"), Value::Integer(++highest));
-    const int32_t given = IntegerOr(descriptor, CharId("ItmI"), static_cast<int32_t>(i) + 1);
-    if (given != static_cast<int32_t>(i) + 1) {
-      Fail(PointerTo(pointer, "layers"), "the layer \"" + ToUtf8(StringOr(descriptor, CharId("Nm  "), L"")) +
-                                             "\" says itemIndex " + std::to_string(given) + " but stands at " +
-                                             std::to_string(i + 1) + " from the bottom");
-    }
     const bool background = BooleanOr(descriptor, CharId("Bckg"), false);
     if (background && (stack[i].isEnd || &document.layers.back() != stack[i].node)) {
       Fail(PointerTo(pointer, "layers"), "only the lowest layer of the top level can be the background");

@@ -262,7 +262,8 @@ Json ValueToJson(const Value& value, const TypeIds& ids) {
     case ValueType::kObject: {
       Json object = Json::object();
       if (value.hasClass) object["_obj"] = Utf8Name(ids, value.typeId);
-      for (auto& [name, item] : DescriptorToJson(value.object, ids).items()) object[name] = item;
+      const Json members = DescriptorToJson(value.object, ids);
+      for (const auto& [name, item] : members.items()) object[name] = item;
       return object;
     }
     case ValueType::kEnumerated:
