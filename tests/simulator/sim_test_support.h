@@ -36,6 +36,8 @@ inline void Put(const DispatchPtr& object, int32_t dispId, const Variant& value)
   object->Invoke(dispId, InvokeKind::kPropertyPut, args);
 }
 
+inline std::string ToNarrow(const std::wstring& text) { return std::string(text.begin(), text.end()); }
+
 inline Variant I4(int32_t v) { return Variant::I4(v); }
 inline Variant Str(const std::wstring& v) { return Variant::Bstr(v); }
 
