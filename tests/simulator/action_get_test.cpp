@@ -67,6 +67,38 @@ TEST(ActionGetTest, LayerByIdNameAndCurrent) {
   EXPECT_EQ(c.String(c.ReadCurrent(L"Lyr "), L"name"), L"Top");  // the top layer when the scenario names none
 }
 
+// A set inside a set: each closes below its own layers. A document element after the target names the document.
+TEST(ActionGetTest, NestedSetsAndOtherDocuments) {
+  auto ps = test::FromText(R"({"documents": [
+    {"descriptor": {"title": "one.psd", "documentID": 40}, "layers": [{"descriptor": {"name": "Only", "layerID": 1}}]},
+    {"descriptor": {"title": "two.psd", "documentID": 41}, "layers": [
+      {"descriptor": {"name": "Outer", "layerID": 1}, "layers": [
+        {"descriptor": {"name": "Inner", "layerID": 2}, "layers": [{"descriptor": {"name": "Deep", "layerID": 3}}]},
+        {"descriptor": {"name": "Side", "layerID": 4}}]}]}],
+    "activeDocument": 2})");
+  test::Connected c(ps);
+  const wchar_t* expected[] = {L"</Layer group>", L"Side", L"</Layer group>", L"Deep", L"Inner", L"Outer"};
+  for (int i = 1; i <= 6; ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(c.String(c.ReadIndex(L"Lyr ", i), L"name"), expected[i - 1]);
+  }
+  EXPECT_EQ(c.Integer(c.ReadCurrent(L"Dcmn"), L"numberOfLayers"), 6);
+  const auto inDocument = [&](auto putDocument) {
+    return c.Read([&](const DispatchPtr& r) {
+      Call(r, dr::kPutIndex, {I4(c.C(L"Lyr ")), I4(1)});
+      putDocument(r);
+    });
+  };
+  EXPECT_EQ(c.String(inDocument([&](const DispatchPtr& r) { Call(r, dr::kPutName, {I4(c.C(L"Dcmn")), Str(L"one.psd")}); }),
+                     L"name"),
+            L"Only");
+  EXPECT_EQ(c.String(inDocument([&](const DispatchPtr& r) { Call(r, dr::kPutIdentifier, {I4(c.C(L"Dcmn")), I4(41)}); }),
+                     L"name"),
+            L"</Layer group>");
+  EXPECT_EQ(c.Integer(c.ReadIndex(L"Dcmn", 1), L"documentID"), 40);
+  EXPECT_EQ(test::FailureCode([&] { c.ReadIndex(L"Dcmn", 3); }), kDispEException);
+}
+
 TEST(ActionGetTest, PropertyReadsGiveOnlyThatKey) {
   auto ps = SimulatedPhotoshop::FromFile(test::ExamplesDir() / "layers_and_group.json");
   test::Connected c(ps);
