@@ -31,7 +31,10 @@ const wchar_t* TypeName(ValueType type) {
 }
 
 const Value& Checked(const Value& value, ValueType wanted, const std::wstring& where) {
-  if (value.type != wanted) {
+  // getInteger reads a boolean as 0 or 1, as Photoshop's does (the library reads "background" so); every other
+  // typed get wants its own type.
+  const bool integerOfBoolean = wanted == ValueType::kInteger && value.type == ValueType::kBoolean;
+  if (value.type != wanted && !integerOfBoolean) {
     ThrowGeneralError(Format(L"%s holds a %s, not a %s.", where, TypeName(value.type), TypeName(wanted)));
   }
   return value;
@@ -52,7 +55,9 @@ Variant Typed(const Value& value) {
 // The typed gets, alike on descriptors (by key) and lists (by position).
 template <class T, ValueType kType>
 Variant GetTyped(T& self, Args args) {
-  return Typed(self.Get(ArgI4(args, 0), kType));
+  const Value& value = self.Get(ArgI4(args, 0), kType);
+  if (kType == ValueType::kInteger) return Variant::I4(static_cast<int32_t>(value.integer));
+  return Typed(value);
 }
 
 template <class T>

@@ -36,6 +36,8 @@ TEST_F(ActionObjectsTest, PutsComeBackByTheirTypedGets) {
   EXPECT_EQ(Call(d, dd::kGetInteger, {I4(c.S(L"count"))}).AsI4(), -7);
   EXPECT_EQ(Call(d, dd::kGetString, {I4(c.S(L"name"))}).AsBstr(), L"图层 1");
   EXPECT_TRUE(Call(d, dd::kGetBoolean, {I4(c.S(L"visible"))}).AsBool());
+  EXPECT_EQ(Call(d, dd::kGetInteger, {I4(c.S(L"visible"))}).AsI4(), 1);  // as Photoshop reads "background"
+  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kGetBoolean, {I4(c.S(L"count"))}); }), kDispEException);
   EXPECT_EQ(Call(d, dd::kGetEnumerationValue, {I4(c.S(L"mode"))}).AsI4(), c.S(L"multiply"));
   const std::pair<const wchar_t*, ValueType> types[] = {{L"count", ValueType::kInteger},
                                                         {L"name", ValueType::kString},
