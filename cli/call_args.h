@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "json.h"
+#include "ostrel/menus.h"
 #include "ostrel/script.h"
 #include "platform/text.h"
 
@@ -28,6 +29,22 @@ struct ArgTraits<int> {
     return true;
   }
   static std::string ToJson(int value) { return std::to_string(value); }
+};
+
+// An unsigned 32-bit id: a negative number is taken as its two's complement, as a caller passing -1 gets.
+template <>
+struct ArgTraits<unsigned int> {
+  static constexpr const char* kName = "uint";
+  static bool FromJson(const Json& json, unsigned int& out, std::string& error) {
+    if (!json.IsInteger() || json.number < -2147483648.0 || json.number > 4294967295.0) {
+      error = "expects a whole number from -2147483648 to 4294967295, got " +
+              (json.text.empty() ? std::string("a non-number") : json.text);
+      return false;
+    }
+    out = static_cast<unsigned int>(static_cast<long long>(json.number));
+    return true;
+  }
+  static std::string ToJson(unsigned int value) { return std::to_string(value); }
 };
 
 // The exported enumerations travel as their numbers.
@@ -126,6 +143,24 @@ struct ArgTraits<tagVantoScript> {
     return JsonObject()
         .Add("strTitle", JsonQuote(ToUtf8(script.strTitle)))
         .Add("strDetail", JsonQuote(ToUtf8(script.strDetail)))
+        .Render();
+  }
+};
+
+// A top menu row is an out-parameter: filled by the call, printed field by field.
+template <>
+struct ArgTraits<tagTopMenuInfo> {
+  static constexpr const char* kName = "tagTopMenuInfo";
+  static bool FromJson(const Json&, tagTopMenuInfo&, std::string& error) {
+    error = "a record is an out-parameter";
+    return false;
+  }
+  static std::string ToJson(const tagTopMenuInfo& info) {
+    return JsonObject()
+        .Add("nIndex", std::to_string(static_cast<int>(info.nIndex)))
+        .Add("strMenu1", JsonQuote(ToUtf8(info.strMenu1)))
+        .Add("strMenu2", JsonQuote(ToUtf8(info.strMenu2)))
+        .Add("strMenu3", JsonQuote(ToUtf8(info.strMenu3)))
         .Render();
   }
 };

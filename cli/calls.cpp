@@ -10,6 +10,12 @@ constexpr CallFamily kFamilies[] = {
     LifecycleCalls,
     ScriptCalls,
     ToolCalls,
+    MenuCalls,
+    LayerCalls,
+    FilterCalls,
+    SwatchCalls,
+    PresetCalls,
+    ToolOptionCalls,
 };
 
 const std::vector<CallEntry>& AllCalls() {

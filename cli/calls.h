@@ -111,6 +111,12 @@ CallEntry MakeCall(std::string name, R (*function)(P...), std::vector<std::strin
 const std::vector<CallEntry>& LifecycleCalls();
 const std::vector<CallEntry>& ScriptCalls();
 const std::vector<CallEntry>& ToolCalls();
+const std::vector<CallEntry>& MenuCalls();
+const std::vector<CallEntry>& LayerCalls();
+const std::vector<CallEntry>& FilterCalls();
+const std::vector<CallEntry>& SwatchCalls();
+const std::vector<CallEntry>& PresetCalls();
+const std::vector<CallEntry>& ToolOptionCalls();
 
 // Every callable export, family by family.
 const std::vector<CallEntry>& AllCalls();

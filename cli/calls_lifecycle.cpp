@@ -8,6 +8,7 @@ const std::vector<CallEntry>& LifecycleCalls() {
   static const std::vector<CallEntry> calls = {
       OSTREL_CALL(Ostrel_Init),
       OSTREL_CALL(Ostrel_UnInit),
+      OSTREL_CALL(Ostrel_IsServiceIdle),
   };
   return calls;
 }

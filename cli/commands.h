@@ -8,6 +8,7 @@ namespace ostrel::cli {
 
 int RunParseCommand(const std::vector<std::string>& args);
 int RunCallCommand(const std::vector<std::string>& args);
+int RunLintCommand(const std::vector<std::string>& args);
 
 // The display width of text in a terminal: East Asian wide characters take two columns.
 size_t DisplayWidth(const std::wstring& text);

@@ -1,6 +1,7 @@
 // Reading lesson scripts from files and standard input.
 #include "lesson.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -33,6 +34,8 @@ std::string ReadAll(std::istream& in) {
 
 std::optional<std::vector<std::wstring>> ReadLesson(const std::string& path) {
   if (path == "-") return SplitLessonText(ReadAll(std::cin));
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) return std::nullopt;  // opens, but reads as nothing
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
   std::string text = ReadAll(file);

@@ -4,6 +4,9 @@
 #include <vector>
 
 #include "commands.h"
+#include "platform/platform.h"
+#include "platform/portable/portable_backends.h"
+#include "platform/text.h"
 
 namespace {
 
@@ -17,13 +20,48 @@ constexpr const char* kUsage =
     "                            \"result\" and each out-parameter; an ARG that parses as JSON is taken as\n"
     "                            that value, anything else as a plain string\n"
     "  call --list               list every callable export with its signature\n"
+    "  lint [--json] [FILE...]   check lessons (- or none: standard input): report, with file and line, every\n"
+    "                            line that isn't understood and every line with an unknown code; exit 0\n"
+    "                            when clean, 1 when a line was reported, 2 when a file can't be read\n"
     "  --help                    this text\n"
-    "  --version                 the library's version\n";
+    "  --version                 the library's version\n"
+    "\n"
+    "options (before or after the command):\n"
+    "  --param KEY=VALUE         give the library a host parameter by its key, e.g. --param 33=/tmp/logs/\n"
+    "                            (33: log directory, 66: Photoshop version name); the environment variable\n"
+    "                            OSTREL_TALLY_<KEY> does the same. Without key 33 the daily log goes to\n"
+    "                            <temp>/ostrel/Log/.\n";
+
+// Takes every "--param KEY=VALUE" out of args and gives it to the library's parameters. False on a bad one.
+bool TakeParameters(std::vector<std::string>& args) {
+  for (size_t i = 0; i < args.size();) {
+    if (args[i] != "--param") {
+      ++i;
+      continue;
+    }
+    const std::string pair = i + 1 < args.size() ? args[i + 1] : "";
+    const size_t equals = pair.find('=');
+    if (equals == std::string::npos || equals == 0) {
+      std::cerr << "ostrel: --param wants KEY=VALUE, got '" << pair << "'\n";
+      return false;
+    }
+    const int key = ostrel::WToI(ostrel::FromUtf8(pair.substr(0, equals)));
+    ostrel::DefaultParameters().Set(static_cast<ostrel::EnTallyKey>(key), ostrel::FromUtf8(pair.substr(equals + 1)));
+    args.erase(args.begin() + static_cast<std::ptrdiff_t>(i), args.begin() + static_cast<std::ptrdiff_t>(i + 2));
+  }
+  ostrel::IParameters& parameters = *ostrel::CurrentPlatform().parameters;
+  if (parameters.GetString(ostrel::EnTallyKey::kLogDirectory).empty()) {
+    const std::wstring temp = ostrel::CurrentPlatform().files->TempDirectory();
+    ostrel::DefaultParameters().Set(ostrel::EnTallyKey::kLogDirectory, temp + L"ostrel/");
+  }
+  return true;
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
   std::vector<std::string> args(argv + 1, argv + argc);
+  if (!TakeParameters(args)) return 2;
   if (args.empty()) {
     std::cerr << kUsage;
     return 2;
@@ -40,6 +78,7 @@ int main(int argc, char** argv) {
   }
   if (command == "parse") return ostrel::cli::RunParseCommand(args);
   if (command == "call") return ostrel::cli::RunCallCommand(args);
+  if (command == "lint") return ostrel::cli::RunLintCommand(args);
   std::cerr << "ostrel: unknown command " << command << "\n\n" << kUsage;
   return 2;
 }

@@ -2,6 +2,12 @@
 #pragma once
 
 #include "ostrel/export.h"
+#include "ostrel/filters.h"
+#include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
+#include "ostrel/menus.h"
+#include "ostrel/presets.h"
 #include "ostrel/script.h"
+#include "ostrel/swatches.h"
+#include "ostrel/tool_options.h"
 #include "ostrel/tools.h"

@@ -9,3 +9,6 @@ OSTREL_API int Ostrel_Init() noexcept;
 
 // Lets go of the connection to Photoshop. The tables stay; a later Ostrel_Init may connect again.
 OSTREL_API void Ostrel_UnInit() noexcept;
+
+// 1 if Photoshop answers a call now (its visibility or its version can be read), else 0; 0 when not connected.
+OSTREL_API int Ostrel_IsServiceIdle() noexcept;

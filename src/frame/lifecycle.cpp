@@ -1,8 +1,11 @@
 // Module lifecycle: Ostrel_Init builds the vocabulary tables and connects; Ostrel_UnInit lets go of Photoshop.
 #include "ostrel/lifecycle.h"
 
+#include "frame/connection.h"
 #include "frame/guard.h"
+#include "vocabulary/layer_filter_table.h"
 #include "vocabulary/tool_table.h"
+#include "vocabulary/top_menu_table.h"
 
 namespace ostrel {
 
@@ -10,19 +13,19 @@ namespace ostrel {
 // table first, so calling this again gives the same tables.
 void BuildTables() {
   BuildToolTable();
-  // The top menu table is built here, second.
-  // The filter table is built here, third.
+  BuildTopMenuTable();
+  BuildLayerFilterTable();
 }
 
 }  // namespace ostrel
 
 OSTREL_API int Ostrel_Init() noexcept {
   return ostrel::Guarded(0, [] {
-    ostrel::BuildTables();
-    return 0;  // no connection to Photoshop yet: the library works for scripts and vocabulary alone
+    ostrel::BuildTables();  // whether or not Photoshop can be reached
+    return ostrel::ConnectPhotoshop();
   });
 }
 
 OSTREL_API void Ostrel_UnInit() noexcept {
-  // Nothing is connected, so there is nothing to let go of; the tables stay.
+  ostrel::ReleasePhotoshop();  // the tables, the ProgID strings and the thread's COM state stay
 }

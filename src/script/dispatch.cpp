@@ -49,6 +49,13 @@ int DispatchScript(const Items& items, tagVantoScript& script) {
 }
 
 // Runs a row and turns a failure inside it (allocation, in practice) into the result 0 with an empty record.
+bool IsScriptKeyword(std::wstring_view word) noexcept {
+  for (const KeywordRow& row : kKeywords) {
+    if (word == row.keyword) return true;
+  }
+  return false;
+}
+
 int RunRowGuarded(RowParser parse, const Items& items, tagVantoScript& script) noexcept {
   try {
     return parse(items, script);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ostrel/script.h"
@@ -37,6 +38,9 @@ int ParseVerboseRow(const Items& items, tagVantoScript& script);
 
 // Splits a line at every comma, empty fields included; an empty line gives no items.
 Items SplitLine(std::wstring_view line);
+
+// True if the word is a keyword of the dispatcher, exactly (whole and with regard to case).
+bool IsScriptKeyword(std::wstring_view word) noexcept;
 
 // The dispatcher over items: empties the record, finds the keyword and runs its row.
 int DispatchScript(const Items& items, tagVantoScript& script);

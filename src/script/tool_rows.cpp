@@ -1,4 +1,5 @@
 // The row TOOL: choosing a tool from the tool bar.
+#include "script/checked_parse.h"
 #include "script/row_helpers.h"
 #include "vocabulary/tool_table.h"
 
@@ -8,7 +9,7 @@ namespace ostrel {
 int ParseToolRow(const Items& items, tagVantoScript& script) {
   ClearScript(script);
   if (!HasItems(items, 2)) return 0;
-  std::wstring name = ToolNameCN(ItemInt(items, 1));
+  std::wstring name = NamedByLookup(ToolNameCN(ItemInt(items, 1)));
   std::wstring detail = Format(L"选择工具：%s", name);
   return SetScript(script, std::move(name), std::move(detail));
 }

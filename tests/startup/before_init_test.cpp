@@ -1,5 +1,5 @@
-// The module's lifetime. Each test here may run in a process of its own or all in one process in the order
-// written; the first test must therefore stay first: it sees the library as loaded, before any Ostrel_Init.
+// The library as loaded, before any Ostrel_Init. These tests have an executable of their own, since nothing
+// else may call Ostrel_Init in their process first; the first test must stay first.
 #include <gtest/gtest.h>
 
 #include "ostrel/OstrelCore.h"

@@ -1,0 +1,126 @@
+// The portable backends, built everywhere: real files, the local clock, ini files on disk, an in-memory
+// registry, parameters from the process, a code page converter, and "nothing there" for automation, windows and
+// the screen until a host installs its own.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <string>
+#include <tuple>
+
+#include "platform/platform.h"
+
+namespace ostrel {
+
+// No automation server: every creation fails as an unregistered ProgID does.
+class NoAutomation final : public IAutomation {
+ public:
+  int32_t Initialize() override { return kSOk; }
+  DispatchPtr Create(const std::wstring& progId) override;
+  std::wstring ErrorMessage(int32_t code) override;
+};
+
+// The texts Windows gives for the result codes the library reports, without their line end.
+std::wstring StandardErrorMessage(int32_t code);
+
+// No windows at all: every search finds nothing.
+class NoWindows final : public IWindowTree, public IScreen {
+ public:
+  WindowHandle FindTopLevel(const std::wstring&, const std::wstring*) override { return 0; }
+  WindowHandle FindChild(WindowHandle, const std::wstring&) override { return 0; }
+  WindowHandle FindDescendantByClass(WindowHandle, const std::wstring&) override { return 0; }
+  bool GetDescendants(WindowHandle, bool, std::vector<WindowHandle>& out) override {
+    out.clear();
+    return false;
+  }
+  WindowHandle ParentOf(WindowHandle) override { return 0; }
+  bool RectOf(WindowHandle, WindowRect&) override { return false; }
+  bool IsVisible(WindowHandle) override { return false; }
+  WindowHandle WindowAt(int32_t, int32_t) override { return 0; }
+  std::wstring ClassOf(WindowHandle) override { return {}; }
+  std::wstring TextOf(WindowHandle) override { return {}; }
+  bool SetText(WindowHandle, const std::wstring&) override { return false; }
+  bool GiveFocus(WindowHandle) override { return false; }
+  bool PressEnter(WindowHandle) override { return false; }
+  int32_t ComboBoxCount(WindowHandle) override { return -1; }
+  int32_t ComboBoxSelection(WindowHandle) override { return -1; }
+  void ScreenSize(int32_t& width, int32_t& height) override { width = height = 0; }
+  int32_t FindImage(const std::wstring&, const WindowRect&, WindowRect&, double) override { return 0; }
+};
+
+// A registry in memory: keys compare without regard to case, as the Windows registry's do.
+class MemoryRegistry final : public IRegistry {
+ public:
+  std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key, const std::wstring& name) override;
+  std::optional<uint32_t> GetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name) override;
+  bool SetString(RegistryHive hive, const std::wstring& key, const std::wstring& name,
+                 const std::wstring& value) override;
+  bool SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) override;
+
+ private:
+  struct Value {
+    bool isDword = false;
+    std::wstring text;
+    uint32_t dword = 0;
+  };
+  using Path = std::tuple<int, std::wstring, std::wstring>;
+  static Path MakePath(RegistryHive hive, const std::wstring& key, const std::wstring& name);
+  std::mutex m_mutex;
+  std::map<Path, Value> m_values;
+};
+
+// Ini files on disk, read as UTF-8 (a UTF-8 or UTF-16LE byte order mark is honoured) and written as UTF-8 with
+// CR LF line ends. Sections and keys compare without regard to ASCII case, as the profile functions do.
+class FileIniStore final : public IIniStore {
+ public:
+  std::optional<std::wstring> GetString(const std::wstring& file, const std::wstring& section,
+                                        const std::wstring& key) override;
+  bool SetString(const std::wstring& file, const std::wstring& section, const std::wstring& key,
+                 const std::wstring& value) override;
+};
+
+// Real files through the standard library. On systems whose separator is '/', a '\' in a path is taken as a
+// separator too, so that the library's Windows-style paths name the same places.
+class StdFileSystem final : public IFileSystem {
+ public:
+  bool FileExists(const std::wstring& path) override;
+  bool RemoveFile(const std::wstring& path) override;
+  bool CreatePathTo(const std::wstring& filePath) override;
+  bool AppendToFile(const std::wstring& path, std::string_view bytes) override;
+  std::wstring TempDirectory() override;
+  std::wstring LocalAppDataDirectory() override;
+};
+
+class LocalClock final : public IClock {
+ public:
+  LocalTime Now() override;
+};
+
+// Code page 936 through iconv where the C library has it; elsewhere a converter that keeps ASCII and writes
+// '?' for the rest (the Windows backend brings the system's converter).
+class PortableEncoding final : public ITextEncoding {
+ public:
+  std::string ToCodePage936(std::wstring_view text) override;
+};
+
+// Parameters that the host sets in the process with Set, or, for a key never set, the environment variable
+// OSTREL_TALLY_<key> (UTF-8). A key with neither reads as the empty string.
+class ProcessParameters final : public IParameters {
+ public:
+  std::wstring GetString(EnTallyKey key) override;
+  void Set(EnTallyKey key, std::wstring value);
+  void Clear();
+
+ private:
+  std::mutex m_mutex;
+  std::map<int32_t, std::wstring> m_values;
+};
+
+// The process's own parameters backend, for a host that wants to set keys.
+ProcessParameters& DefaultParameters() noexcept;
+
+// A path in the form the standard library takes on this system ('\\' read as a separator where it is none).
+std::filesystem::path NativePath(const std::wstring& path);
+
+}  // namespace ostrel

@@ -1,0 +1,157 @@
+// The Windows backends: COM automation, the system's code page 936 converter, ini files through the profile
+// functions, the registry, the local clock and the well-known folders.
+#include <windows.h>
+#include <shlobj.h>
+
+#include <vector>
+
+#include "platform/portable/portable_backends.h"
+#include "platform/system_backends.h"
+#include "platform/win32/com_automation.h"
+#include "platform/win32/holders.h"
+
+namespace ostrel::win32 {
+namespace {
+
+class Win32Encoding final : public ITextEncoding {
+ public:
+  std::string ToCodePage936(std::wstring_view text) override {
+    if (text.empty()) return {};
+    const int wideLength = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(936, 0, text.data(), wideLength, nullptr, 0, "?", nullptr);
+    std::string out(static_cast<size_t>(size > 0 ? size : 0), '\0');
+    if (size > 0) WideCharToMultiByte(936, 0, text.data(), wideLength, out.data(), size, "?", nullptr);
+    return out;
+  }
+};
+
+// Real files as the portable backend has them, with the temporary and local application data folders of the
+// user from the system.
+class Win32FileSystem final : public IFileSystem {
+ public:
+  bool FileExists(const std::wstring& path) override { return m_files.FileExists(path); }
+  bool RemoveFile(const std::wstring& path) override { return DeleteFileW(path.c_str()) != 0; }
+  bool CreatePathTo(const std::wstring& filePath) override { return m_files.CreatePathTo(filePath); }
+  bool AppendToFile(const std::wstring& path, std::string_view bytes) override {
+    return m_files.AppendToFile(path, bytes);
+  }
+  std::wstring TempDirectory() override {
+    wchar_t buffer[MAX_PATH + 1] = {};
+    const DWORD length = GetTempPathW(MAX_PATH + 1, buffer);
+    return length > 0 && length <= MAX_PATH ? std::wstring(buffer, length) : std::wstring();
+  }
+  std::wstring LocalAppDataDirectory() override {
+    wchar_t buffer[MAX_PATH] = {};
+    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, buffer))) return {};
+    return buffer;
+  }
+
+ private:
+  StdFileSystem m_files;
+};
+
+class ProfileIniStore final : public IIniStore {
+ public:
+  std::optional<std::wstring> GetString(const std::wstring& file, const std::wstring& section,
+                                        const std::wstring& key) override {
+    // A default no value can hold tells a missing key from an empty one.
+    static constexpr wchar_t kMissing[] = L"\x01missing\x01";
+    std::vector<wchar_t> buffer(4096);
+    for (;;) {
+      const DWORD length = GetPrivateProfileStringW(section.c_str(), key.c_str(), kMissing, buffer.data(),
+                                                    static_cast<DWORD>(buffer.size()), file.c_str());
+      if (length + 1 < buffer.size() || buffer.size() > (1u << 20)) {
+        std::wstring value(buffer.data(), length);
+        if (value == kMissing) return std::nullopt;
+        return value;
+      }
+      buffer.resize(buffer.size() * 4);
+    }
+  }
+  bool SetString(const std::wstring& file, const std::wstring& section, const std::wstring& key,
+                 const std::wstring& value) override {
+    return WritePrivateProfileStringW(section.c_str(), key.c_str(), value.c_str(), file.c_str()) != 0;
+  }
+};
+
+HKEY RootOf(RegistryHive hive) { return hive == RegistryHive::kLocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }
+
+class Win32Registry final : public IRegistry {
+ public:
+  std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key,
+                                        const std::wstring& name) override {
+    DWORD bytes = 0;
+    if (RegGetValueW(RootOf(hive), key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &bytes) !=
+        ERROR_SUCCESS) {
+      return std::nullopt;
+    }
+    std::wstring value(bytes / sizeof(wchar_t) + 1, L'\0');
+    bytes = static_cast<DWORD>(value.size() * sizeof(wchar_t));
+    if (RegGetValueW(RootOf(hive), key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, value.data(), &bytes) !=
+        ERROR_SUCCESS) {
+      return std::nullopt;
+    }
+    value.resize(wcsnlen(value.c_str(), value.size()));
+    return value;
+  }
+  std::optional<uint32_t> GetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name) override {
+    DWORD value = 0, bytes = sizeof value;
+    if (RegGetValueW(RootOf(hive), key.c_str(), name.c_str(), RRF_RT_REG_DWORD, nullptr, &value, &bytes) !=
+        ERROR_SUCCESS) {
+      return std::nullopt;
+    }
+    return value;
+  }
+  bool SetString(RegistryHive hive, const std::wstring& key, const std::wstring& name,
+                 const std::wstring& value) override {
+    Hkey opened;
+    if (RegCreateKeyExW(RootOf(hive), key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, opened.Put(), nullptr) !=
+        ERROR_SUCCESS) {
+      return false;
+    }
+    const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                          bytes) == ERROR_SUCCESS;
+  }
+  bool SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) override {
+    Hkey opened;
+    if (RegCreateKeyExW(RootOf(hive), key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, opened.Put(), nullptr) !=
+        ERROR_SUCCESS) {
+      return false;
+    }
+    const DWORD data = value;
+    return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&data),
+                          sizeof data) == ERROR_SUCCESS;
+  }
+};
+
+class Win32Clock final : public IClock {
+ public:
+  LocalTime Now() override {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return LocalTime{now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+  }
+};
+
+}  // namespace
+}  // namespace ostrel::win32
+
+namespace ostrel {
+
+void InstallSystemBackends(Platform& platform) {
+  static win32::ComAutomation automation;
+  static win32::Win32Encoding encoding;
+  static win32::Win32FileSystem files;
+  static win32::ProfileIniStore ini;
+  static win32::Win32Registry registry;
+  static win32::Win32Clock clock;
+  platform.automation = &automation;
+  platform.encoding = &encoding;
+  platform.files = &files;
+  platform.ini = &ini;
+  platform.registry = &registry;
+  platform.clock = &clock;
+}
+
+}  // namespace ostrel
