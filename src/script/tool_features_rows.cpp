@@ -1,8 +1,11 @@
 // The row TF: setting one option of the current tool. The option's kind picks the sentence; the texts that fill
 // it are the option's name, its value as recorded, the value's name or the option's unit.
+#include <optional>
 #include <string_view>
 #include <vector>
 
+#include "script/checked_parse.h"
+#include "ostrel/filters.h"
 #include "script/checked_parse.h"
 #include "script/row_helpers.h"
 #include "vocabulary/fixed_list.h"
@@ -11,10 +14,6 @@
 
 namespace ostrel {
 namespace {
-
-// TEMP-PENDING: the crop overlay and anti-alias names come from the filter vocabulary.
-std::wstring CropOverlayName(int) { return L"TEMP"; }
-std::wstring FontAntiAliasName(int) { return L"TEMP"; }
 
 // Which values R a sentence takes, R read as a whole number.
 enum When { kAnyValue, kValueIsOne, kValueIsNotOne, kValueIsZero, kValueIsNotZero };
@@ -51,11 +50,14 @@ constexpr Sentence kSentences[] = {
 #include "script/tool_feature_sentences.def"
 };
 
-// The line's option id I, its value R and the option's name N, read in this order.
+// The line's option id I, its value R and the option's name N, read in this order. The names that a sentence
+// shows are kept once handed to NamedByLookup, so that a name shown twice counts once for a checker.
 struct OptionLine {
   int nId;
   std::wstring strValue;
   std::wstring strName;
+  std::optional<std::wstring> optShownName;
+  std::optional<std::wstring> optShownValueName;
 };
 
 bool Takes(When when, std::wstring_view value) noexcept {
@@ -78,21 +80,30 @@ const Sentence* SentenceOf(int kind, std::wstring_view value) noexcept {
   return nullptr;
 }
 
-// The words V and U are looked up only where a sentence shows them.
-std::wstring Resolve(const Text& text, const OptionLine& line) {
+// The words V and U are looked up only where a sentence shows them. Names from a vocabulary pass through
+// NamedByLookup, so that a checker sees them come back empty; the unit and the value are no names.
+std::wstring Resolve(const Text& text, OptionLine& line) {
   switch (text.word) {
     case kLiteral: return text.szLiteral;
-    case kName: return NamedByLookup(line.strName);
-    case kValueName: return NamedByLookup(ToolOptionValueName(line.nId, line.strValue));
+    case kName:
+      if (!line.optShownName) line.optShownName = NamedByLookup(line.strName);
+      return *line.optShownName;
+    case kValueName:
+      if (!line.optShownValueName) {
+        line.optShownValueName = NamedByLookup(ToolOptionValueName(line.nId, line.strValue));
+      }
+      return *line.optShownValueName;
     case kUnit: return ToolOptionUnit(line.nId);
     case kValue: return line.strValue;
-    case kCropOverlayName: return NamedByLookup(CropOverlayName(WToI(line.strValue)));
-    case kFontAntiAliasName: return NamedByLookup(FontAntiAliasName(WToI(line.strValue)));
+    case kCropOverlayName:
+      return NamedByLookup(Ostrel_CropOverlayToName(EnCropOverlayOption{WToI(line.strValue)}));
+    case kFontAntiAliasName:
+      return NamedByLookup(Ostrel_FontAntiAliasToName(EnFontAntiAlias{WToI(line.strValue)}));
   }
   return {};
 }
 
-std::wstring FormatSentence(const Sentence& sentence, const OptionLine& line) {
+std::wstring FormatSentence(const Sentence& sentence, OptionLine& line) {
   std::vector<std::wstring> texts;
   for (const Text& place : sentence.places) texts.push_back(Resolve(place, line));
   const std::vector<FormatArg> args(texts.begin(), texts.end());
@@ -105,13 +116,14 @@ std::wstring FormatSentence(const Sentence& sentence, const OptionLine& line) {
 int ParseToolFeaturesRow(const Items& items, tagVantoScript& script) {
   ClearScript(script);
   if (!HasItems(items, 2)) return 0;
-  OptionLine line{ItemInt(items, 1), {}, {}};
+  OptionLine line{ItemInt(items, 1), {}, {}, {}, {}};
   const int kind = ToolOptionKind(line.nId);
   line.strValue = ItemText(items, 2);
   line.strName = ToolOptionName(line.nId, line.strValue);
   const Sentence* sentence = SentenceOf(kind, line.strValue);
   if (!sentence) return 0;
-  return SetScript(script, Resolve(sentence->title, line), FormatSentence(*sentence, line));
+  std::wstring title = Resolve(sentence->title, line);
+  return SetScript(script, std::move(title), FormatSentence(*sentence, line));
 }
 
 }  // namespace ostrel

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ostrel/script.h"
+#include "script/checked_parse.h"
 #include "ostrel/tool_options.h"
 #include "platform/text.h"
 #include "vocabulary/tool_option_catalogue.h"
@@ -121,6 +122,8 @@ const LineCase kLineCases[] = {
     {"brush_preset_kind_6", L"TF,1202,柔边圆", 1, L"选择画笔", L"选择画笔为：柔边圆"},
     {"clone_source_kind_8", L"TF,1404,9", 1, L"仿制源", L"设置仿制源"},
     {"pattern_kind_9", L"TF,1801,Noise", 1, L"选择图案", L"选择图案为：Noise"},
+    {"crop_overlay_kind_11", L"TF,508,3", 1, L"叠加", L"设置裁剪叠加为：三角形"},
+    {"crop_overlay_unknown_number", L"TF,509,9", 1, L"叠加", L"设置裁剪叠加为："},
     {"path_operation_kind_12", L"TF,2171,2", 1, L"路径选项", L"设置路径选项为：减去顶层形状"},
     {"path_alignment_kind_13", L"TF,2951,12", 1, L"路径对齐方式", L"设置路径对齐方式为：按宽度均匀分布"},
     {"path_arrangement_kind_14", L"TF,3002,3", 1, L"路径排列方式", L"设置路径排列方式为：将形状置为底层"},
@@ -133,6 +136,8 @@ const LineCase kLineCases[] = {
     {"font_name_kind_23", L"TF,2251,SimSun", 1, L"字体名称", L"选择字体名称：SimSun"},
     {"font_style_kind_24", L"TF,2302,Bold", 1, L"字体样式", L"选择字体样式：Bold"},
     {"font_size_kind_25_says_style", L"TF,2253,24", 1, L"字体大小", L"选择字体样式：24像素"},
+    {"font_anti_alias_kind_26_from_the_filter_list", L"TF,2254,5", 1, L"字体抗锯齿", L"设置抗锯齿为：WindowsLCD"},
+    {"font_anti_alias_0", L"TF,2404,0", 1, L"字体抗锯齿", L"设置抗锯齿为：无"},
     {"font_colour_kind_27", L"TF,2256", 1, L"字体颜色", L"设置字体颜色"},
     {"type_panels_kind_28", L"TF,2357", 1, L"字符段落", L"设置字符段落面板"},
     {"warp_text_kind_29", L"TF,2408", 1, L"变形文字", L"设置变形文字"},
@@ -183,6 +188,29 @@ TEST(ToolFeaturesRow, DirectFunctionNeedsItemZero) {
   EXPECT_EQ(tooShort.title, L"");
   EXPECT_EQ(tooShort.detail, L"");
   EXPECT_EQ(ParseDirect({}).result, 0);
+}
+
+// A lesson checker counts the vocabulary names of a sentence that came back empty, not the value or the unit.
+TEST(ToolFeaturesRow, EmptyNamesAreCountedForTheChecker) {
+  struct Case {
+    const wchar_t* line;
+    int emptyNames;
+  };
+  const Case cases[] = {
+      {L"TF,51,10", 0},  {L"TF,1750", 0},   // no value, no unit: no name is missing
+      {L"TF,519,3", 1},                      // an option without a name
+      {L"TF,650,9", 1},                      // named by value, 9 has no name
+      {L"TF,509,9", 1},                      // crop overlay 9 is unknown
+      {L"TF,2254,9", 1},                     // anti-aliasing 9 is unknown
+      {L"TF,2254,4", 0}, {L"TF,2159,", 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.line));
+    tagVantoScript script;
+    const CheckedParse parsed = ParseScriptChecked(c.line, script);
+    EXPECT_EQ(parsed.nResult, 1);
+    EXPECT_EQ(parsed.nEmptyNames, c.emptyNames);
+  }
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ namespace {
   throw AutomationError(static_cast<int32_t>(code), std::move(description));
 }
 
-Variant FromSafeArray(SAFEARRAY* array) {
+Variant FromSafeArray(SAFEARRAY* array, const DispatchCrossing& crossing) {
   if (!array || SafeArrayGetDim(array) != 1) throw AutomationError(kDispETypeMismatch, L"Type mismatch.");
   LONG lower = 0, upper = -1;
   SafeArrayGetLBound(array, 1, &lower);
@@ -35,13 +35,45 @@ Variant FromSafeArray(SAFEARRAY* array) {
   SafeArrayData data(array);
   const VARIANT* elements = static_cast<const VARIANT*>(data.Data());
   if (!elements && upper >= lower) throw AutomationError(kDispETypeMismatch, L"Type mismatch.");
-  for (LONG i = 0; i <= upper - lower; ++i) items.push_back(FromComVariant(elements[i]));
+  for (LONG i = 0; i <= upper - lower; ++i) items.push_back(FromComVariant(elements[i], crossing));
   return Variant::Array(std::move(items));
+}
+
+IDispatch* ClientToCom(const DispatchPtr& object) {
+  auto* com = dynamic_cast<ComDispatchObject*>(object.get());
+  if (!com || !com->Get()) return nullptr;
+  com->Get()->AddRef();
+  return com->Get();
+}
+
+DispatchPtr ClientFromCom(IDispatch* dispatch) {
+  return std::make_shared<ComDispatchObject>(ComPtr<IDispatch>::CopyOf(dispatch));
+}
+
+SAFEARRAY* ToSafeArray(const std::vector<Variant>& items, const DispatchCrossing& crossing) {
+  SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(items.size()));
+  if (!array) throw AutomationError(static_cast<int32_t>(E_OUTOFMEMORY), L"Out of memory.");
+  for (LONG i = 0; i < static_cast<LONG>(items.size()); ++i) {
+    ScopedVariant element;
+    try {
+      ToComVariant(items[static_cast<size_t>(i)], *element.Get(), crossing);
+    } catch (...) {
+      SafeArrayDestroy(array);
+      throw;
+    }
+    SafeArrayPutElement(array, &i, element.Get());  // copies the element
+  }
+  return array;
 }
 
 }  // namespace
 
-void ToComVariant(const Variant& value, VARIANT& out) {
+const DispatchCrossing& ClientCrossing() {
+  static const DispatchCrossing crossing{ClientToCom, ClientFromCom};
+  return crossing;
+}
+
+void ToComVariant(const Variant& value, VARIANT& out, const DispatchCrossing& crossing) {
   switch (value.type()) {
     case VarType::kEmpty: out.vt = VT_EMPTY; return;
     case VarType::kI2: out.vt = VT_I2; out.iVal = static_cast<SHORT>(value.AsI4()); return;
@@ -55,20 +87,22 @@ void ToComVariant(const Variant& value, VARIANT& out) {
       return;
     }
     case VarType::kDispatch: {
-      auto* object = dynamic_cast<ComDispatchObject*>(value.AsDispatch().get());
-      if (value.AsDispatch() && !object) throw AutomationError(kDispETypeMismatch, L"Type mismatch.");
+      IDispatch* dispatch = value.AsDispatch() ? crossing.toCom(value.AsDispatch()) : nullptr;
+      if (value.AsDispatch() && !dispatch) throw AutomationError(kDispETypeMismatch, L"Type mismatch.");
       out.vt = VT_DISPATCH;
-      out.pdispVal = object ? object->Get() : nullptr;
-      if (out.pdispVal) out.pdispVal->AddRef();
+      out.pdispVal = dispatch;
       return;
     }
-    case VarType::kVariant:
-    case VarType::kArray: break;
+    case VarType::kArray:
+      out.parray = ToSafeArray(value.AsArray(), crossing);
+      out.vt = VT_ARRAY | VT_VARIANT;
+      return;
+    case VarType::kVariant: break;
   }
   throw AutomationError(kDispETypeMismatch, L"Type mismatch.");
 }
 
-Variant FromComVariant(const VARIANT& value) {
+Variant FromComVariant(const VARIANT& value, const DispatchCrossing& crossing) {
   switch (value.vt) {
     case VT_EMPTY:
     case VT_NULL: return Variant();
@@ -86,18 +120,17 @@ Variant FromComVariant(const VARIANT& value) {
     case VT_BSTR: return Variant::Bstr(value.bstrVal ? std::wstring(value.bstrVal, SysStringLen(value.bstrVal))
                                                      : std::wstring());
     case VT_DISPATCH:
-      if (!value.pdispVal) return Variant::Dispatch(nullptr);
-      return Variant::Dispatch(std::make_shared<ComDispatchObject>(ComPtr<IDispatch>::CopyOf(value.pdispVal)));
+      return Variant::Dispatch(value.pdispVal ? crossing.fromCom(value.pdispVal) : nullptr);
     case VT_UNKNOWN: {
       ComPtr<IDispatch> dispatch;
       if (!value.punkVal || FAILED(value.punkVal->QueryInterface(IID_IDispatch,
                                                                  reinterpret_cast<void**>(dispatch.Put())))) {
         return Variant::Dispatch(nullptr);
       }
-      return Variant::Dispatch(std::make_shared<ComDispatchObject>(std::move(dispatch)));
+      return Variant::Dispatch(crossing.fromCom(dispatch.Get()));
     }
-    case VT_VARIANT | VT_BYREF: return value.pvarVal ? FromComVariant(*value.pvarVal) : Variant();
-    case VT_ARRAY | VT_VARIANT: return FromSafeArray(value.parray);
+    case VT_VARIANT | VT_BYREF: return value.pvarVal ? FromComVariant(*value.pvarVal, crossing) : Variant();
+    case VT_ARRAY | VT_VARIANT: return FromSafeArray(value.parray, crossing);
     default: break;
   }
   throw AutomationError(kDispETypeMismatch, L"Type mismatch.");

@@ -27,9 +27,20 @@ class ComAutomation final : public IAutomation {
   std::wstring ErrorMessage(int32_t code) override;
 };
 
-// Conversions between our variants and COM's. ToComVariant fills an initialized VARIANT.
-void ToComVariant(const Variant& value, VARIANT& out);
-Variant FromComVariant(const VARIANT& value);
+// How an object crosses between our variants and COM's: into COM as an IDispatch with a reference of its own
+// (or null for an object COM can't take), and out of COM as an object of ours.
+struct DispatchCrossing {
+  IDispatch* (*toCom)(const DispatchPtr& object);
+  DispatchPtr (*fromCom)(IDispatch* dispatch);
+};
+
+// The crossing of a client of real COM objects: our objects are ComDispatchObjects.
+const DispatchCrossing& ClientCrossing();
+
+// Conversions between our variants and COM's. ToComVariant fills an initialized VARIANT; an array becomes a
+// SAFEARRAY of VARIANTs.
+void ToComVariant(const Variant& value, VARIANT& out, const DispatchCrossing& crossing = ClientCrossing());
+Variant FromComVariant(const VARIANT& value, const DispatchCrossing& crossing = ClientCrossing());
 
 // The system's text for an HRESULT, without its line end.
 std::wstring SystemErrorMessage(HRESULT code);

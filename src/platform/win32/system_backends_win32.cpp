@@ -68,10 +68,21 @@ class ProfileIniStore final : public IIniStore {
       buffer.resize(buffer.size() * 4);
     }
   }
+
   bool SetString(const std::wstring& file, const std::wstring& section, const std::wstring& key,
                  const std::wstring& value) override {
+    // A new file starts with a UTF-16 byte order mark, so that the profile functions keep it in Unicode and
+    // Chinese text survives whatever the system's ANSI code page.
+    if (GetFileAttributesW(file.c_str()) == INVALID_FILE_ATTRIBUTES) {
+      static constexpr char kUtf16Mark[] = "\xFF\xFE";
+      m_files.CreatePathTo(file);
+      m_files.AppendToFile(file, std::string_view(kUtf16Mark, 2));
+    }
     return WritePrivateProfileStringW(section.c_str(), key.c_str(), value.c_str(), file.c_str()) != 0;
   }
+
+ private:
+  StdFileSystem m_files;
 };
 
 HKEY RootOf(RegistryHive hive) { return hive == RegistryHive::kLocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }

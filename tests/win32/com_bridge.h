@@ -1,0 +1,38 @@
+// Serves the objects of any automation backend (the simulated Photoshop, a fake) as real COM objects: a class
+// factory per ProgID registered in-process with CoRegisterClassObject, the ProgID's CLSID written under
+// HKEY_CLASSES_ROOT, and every object reached through a real IDispatch::Invoke with real VARIANTs and BSTRs.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/automation.h"
+
+namespace ostrel::testing {
+
+class ComBridge {
+ public:
+  // Registers each ProgID as a COM class whose instances come from backend->Create(progId). Any other
+  // Photoshop ProgID registered by an earlier run is removed first.
+  ComBridge(IAutomation& backend, const std::vector<std::wstring>& progIds);
+  ~ComBridge();
+  ComBridge(const ComBridge&) = delete;
+  ComBridge& operator=(const ComBridge&) = delete;
+
+  // How many bridge objects (IDispatch wrappers and factories) are alive in this process.
+  static long LiveObjects();
+
+ private:
+  struct Registration {
+    std::wstring progId;
+    DWORD cookie = 0;
+  };
+  std::vector<Registration> m_registrations;
+};
+
+// Removes every Photoshop.* ProgID key under HKEY_CLASSES_ROOT.
+void RemovePhotoshopProgIds();
+
+}  // namespace ostrel::testing
