@@ -1,0 +1,189 @@
+// The JSON notation of descriptors: real Photoshop descriptors survive load -> JSON unchanged, every notation
+// gives its value type, and every mistake names its place.
+#include "simulator/value_json.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+
+#include "platform/text.h"
+#include "sim_test_support.h"
+
+namespace ostrel::sim {
+namespace {
+
+const std::set<std::string> kNameMembers = {"_obj", "_enum", "_value", "_unit", "_ref", "_property", "_class"};
+
+bool IsNotation(const Json& object) {
+  for (const char* key : {"_enum", "_unit", "_ref", "_property", "_path", "_class"}) {
+    if (object.contains(key)) return true;
+  }
+  return false;
+}
+
+// Equal, where names count as equal when they name the same type id ("green" and "grain", "_target" and "null"),
+// and the members of a notation object may stand in any order. why says where the first difference is.
+bool Same(const Json& a, const Json& b, TypeIds& ids, const std::string& at, std::string& why);
+
+bool SameName(const std::string& a, const std::string& b, TypeIds& ids) {
+  auto id = [&](const std::string& name) { return name == "_target" ? CharId("null") : ids.NameToId(FromUtf8(name)); };
+  return id(a) == id(b);
+}
+
+bool SameObject(const Json& a, const Json& b, TypeIds& ids, const std::string& at, std::string& why) {
+  if (IsNotation(a)) {
+    if (a.size() != b.size()) return why = at + ": members differ", false;
+    for (const auto& [key, value] : a.items()) {
+      if (!b.contains(key)) return why = at + ": no " + key, false;
+      const bool names = kNameMembers.count(key) && value.is_string() && b[key].is_string();
+      if (names ? !SameName(value, b[key], ids) : !Same(value, b[key], ids, PointerTo(at, key), why)) {
+        if (why.empty()) why = PointerTo(at, key);
+        return false;
+      }
+    }
+    return true;
+  }
+  if (a.size() != b.size()) return why = at + ": " + std::to_string(a.size()) + " keys, written " + std::to_string(b.size()), false;
+  auto ib = b.items().begin();
+  for (const auto& [key, value] : a.items()) {
+    const auto& keyB = ib.key();
+    if (!SameName(key, keyB, ids)) return why = at + ": key " + key + " written as " + keyB, false;
+    const bool names = key == "_obj";
+    if (names ? !SameName(value, ib.value(), ids) : !Same(value, ib.value(), ids, PointerTo(at, key), why)) {
+      if (why.empty()) why = PointerTo(at, key);
+      return false;
+    }
+    ++ib;
+  }
+  return true;
+}
+
+bool Same(const Json& a, const Json& b, TypeIds& ids, const std::string& at, std::string& why) {
+  if (a.is_object()) return b.is_object() && SameObject(a, b, ids, at, why);
+  if (a.is_array()) {
+    if (!b.is_array() || a.size() != b.size()) return why = at + ": lists differ", false;
+    for (size_t i = 0; i < a.size(); ++i) {
+      if (!Same(a[i], b[i], ids, PointerTo(at, i), why)) return false;
+    }
+    return true;
+  }
+  if (a.is_number_float() != b.is_number_float()) return why = at + ": integer and double mixed up", false;
+  if (a != b) return why = at + ": " + a.dump() + " written as " + b.dump(), false;
+  return true;
+}
+
+Json Load(const std::filesystem::path& file) {
+  std::ifstream in(file);
+  return Json::parse(in);
+}
+
+// Would catch a value type read wrongly, a name written by another form than Photoshop's, a lost key or key order.
+TEST(ValueJsonTest, RealDescriptorsSurviveLoadAndWriteBack) {
+  int files = 0;
+  for (const auto& item : std::filesystem::directory_iterator(test::ExamplesDir() / "realdata")) {
+    if (item.path().extension() != ".json") continue;
+    SCOPED_TRACE(item.path().filename().string());
+    const Json original = Load(item.path());
+    TypeIds ids;
+    const Value loaded = ValueFromJson(original, ids);
+    const Json written = loaded.type == ValueType::kObject ? DescriptorToJson(loaded.object, ids) : ValueToJson(loaded, ids);
+    std::string why;
+    EXPECT_TRUE(Same(original, written, ids, "", why)) << why;
+    // Written once, the text is stable: loading it again gives the same descriptor.
+    TypeIds again;
+    const Value reloaded = ValueFromJson(written, again);
+    EXPECT_EQ(ValueToJson(reloaded, again), ValueToJson(loaded, ids));
+    ++files;
+  }
+  EXPECT_EQ(files, 20);
+}
+
+TEST(ValueJsonTest, NotationsGiveTheirTypes) {
+  struct Case {
+    const char* json;
+    ValueType type;
+  };
+  const Case cases[] = {
+      {"1", ValueType::kInteger},
+      {"-2147483648", ValueType::kInteger},
+      {"1.0", ValueType::kDouble},
+      {"1e2", ValueType::kDouble},
+      {"3000000000", ValueType::kLargeInteger},
+      {R"("x")", ValueType::kString},
+      {"false", ValueType::kBoolean},
+      {"[]", ValueType::kList},
+      {"{}", ValueType::kObject},
+      {R"({"_obj": "layer", "name": "a"})", ValueType::kObject},
+      {R"({"_enum": "blendMode", "_value": "normal"})", ValueType::kEnumerated},
+      {R"({"_unit": "pixelsUnit", "_value": 3})", ValueType::kUnitDouble},
+      {R"({"_path": "C:\\a.psd"})", ValueType::kAlias},
+      {R"({"_class": "layer"})", ValueType::kClass},
+      {R"({"_ref": "layer", "_index": 1})", ValueType::kReference},
+      {R"({"_property": "title"})", ValueType::kReference},
+      {R"({"_ref": [{"_ref": "layer", "_enum": "ordinal"}, {"_ref": "document", "_id": 3}]})", ValueType::kReference},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.json);
+    TypeIds ids;
+    EXPECT_EQ(ValueFromJson(Json::parse(c.json), ids).type, c.type);
+  }
+}
+
+TEST(ValueJsonTest, ReferenceFormsReadAsTheirPuts) {
+  TypeIds ids;
+  const Value value = ValueFromJson(
+      Json::parse(R"({"_ref": [{"_ref": "property", "_property": "layerID"}, {"_ref": "layer", "_enum": "ordinal"},
+                               {"_ref": "document", "_name": "a.psd"}]})"),
+      ids);
+  const auto& e = value.reference.elements;
+  ASSERT_EQ(e.size(), 3u);
+  EXPECT_EQ(e[0].form, RefElement::Form::kProperty);
+  EXPECT_EQ(e[0].value, CharId("LyrI"));
+  EXPECT_EQ(e[1].form, RefElement::Form::kEnumerated);
+  EXPECT_EQ(e[1].value, CharId("Trgt"));  // the notation's default value
+  EXPECT_EQ(e[2].name, L"a.psd");
+  const Value target = ValueFromJson(Json::parse(R"({"_obj": "set", "_target": {"_ref": "application"}})"), ids);
+  EXPECT_NE(target.object.Find(CharId("null")), nullptr);
+}
+
+TEST(ValueJsonTest, MistakesNameTheirPlace) {
+  struct Case {
+    const char* json;
+    const char* pointer;
+  };
+  const Case cases[] = {
+      {R"({"a": {"_value": 1}})", "/a/_value"},
+      {R"({"a": {"_enum": "e"}})", "/a"},
+      {R"({"a": {"_unit": "pixelsUnit", "_value": "10"}})", "/a/_value"},
+      {R"({"a": {"_enum": "e", "_value": "v", "x": 1}})", "/a/x"},
+      {R"({"a": [1, null]})", "/a/1"},
+      {R"({"a": {"_ref": [{"_ref": "layer", "_index": "one"}]}})", "/a/_ref/0/_index"},
+      {R"({"a": {"_ref": "layer", "_value": "targetEnum"}})", "/a/_value"},
+      {R"({"a": {"_obj": 3}})", "/a/_obj"},
+      {R"({"$Lyr": 1})", "/$Lyr"},
+      {R"({"a~b/c": {"_id": 1}})", "/a~0b~1c/_id"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.json);
+    TypeIds ids;
+    try {
+      DescriptorFromJson(Json::parse(c.json), ids);
+      ADD_FAILURE() << "no error";
+    } catch (const NotationError& e) {
+      EXPECT_EQ(e.pointer(), c.pointer) << e.what();
+    }
+  }
+}
+
+TEST(ValueJsonTest, WritesWithPhotoshopsNamesAndKeepsNumberKinds) {
+  TypeIds ids;
+  const Descriptor d = DescriptorFromJson(
+      Json::parse(R"({"_target": {"_ref": "layer", "_id": 4}, "green": 1, "x": 1.0, "u": {"_unit": "pixelsUnit", "_value": 2.0}})"),
+      ids);
+  EXPECT_EQ(DescriptorToJson(d, ids).dump(),
+            R"({"null":{"_ref":"layer","_id":4},"grain":1,"x":1.0,"u":{"_unit":"pixelsUnit","_value":2}})");
+}
+
+}  // namespace
+}  // namespace ostrel::sim
