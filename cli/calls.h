@@ -21,6 +21,9 @@ struct CallEntry {
   std::string signature;
   // Runs the export on the arguments; on success renders the answer object, else says what was wrong.
   std::function<bool(const std::vector<Json>& args, std::string& answer, std::string& error)> invoke;
+  // Arguments that fit the signature: each in-parameter's empty value (0, "", []), for callers that want to
+  // run every export once.
+  std::vector<Json> sampleArgs;
 };
 
 // A non-const reference parameter is an out-parameter: not read from the command line, printed afterwards.
@@ -56,6 +59,13 @@ CallEntry MakeCall(std::string name, R (*function)(P...), std::vector<std::strin
   CallEntry entry;
   entry.name = name;
   entry.signature = DescribeCall<R, P...>(name, paramNames);
+  (
+      [&] {
+        if constexpr (!kIsOutParam<P>) {
+          entry.sampleArgs.push_back(*ParseJson(ArgTraits<ParamValue<P>>::ToJson(ParamValue<P>{})));
+        }
+      }(),
+      ...);
   entry.invoke = [function, paramNames](const std::vector<Json>& args, std::string& answer, std::string& error) {
     constexpr size_t kInCount = (size_t{0} + ... + (kIsOutParam<P> ? 0 : 1));
     if (args.size() != kInCount) {

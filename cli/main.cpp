@@ -8,6 +8,12 @@
 #include "platform/portable/portable_backends.h"
 #include "platform/text.h"
 
+#if defined(OSTREL_CLI_SIMULATOR)
+#include <memory>
+
+#include "simulator/photoshop.h"
+#endif
+
 namespace {
 
 constexpr const char* kUsage =
@@ -30,7 +36,39 @@ constexpr const char* kUsage =
     "  --param KEY=VALUE         give the library a host parameter by its key, e.g. --param 33=/tmp/logs/\n"
     "                            (33: log directory, 66: Photoshop version name); the environment variable\n"
     "                            OSTREL_TALLY_<KEY> does the same. Without key 33 the daily log goes to\n"
-    "                            <temp>/ostrel/Log/.\n";
+    "                            <temp>/ostrel/Log/.\n"
+    "  --photoshop SCENARIO.json run against the simulated Photoshop of the scenario (see simulator/README.md);\n"
+    "                            without it the library finds no Photoshop and runs unconnected\n";
+
+// Takes "--photoshop FILE" out of args and installs the simulated Photoshop of that scenario for the rest of
+// the process. False (with a message naming the place of the mistake) when the scenario can't be loaded.
+bool TakeSimulator(std::vector<std::string>& args) {
+  for (size_t i = 0; i < args.size(); ++i) {
+    if (args[i] != "--photoshop") continue;
+    if (i + 1 >= args.size()) {
+      std::cerr << "ostrel: --photoshop wants a scenario file\n";
+      return false;
+    }
+#if defined(OSTREL_CLI_SIMULATOR)
+    static std::unique_ptr<ostrel::sim::SimulatedPhotoshop> photoshop;
+    static std::unique_ptr<ostrel::ScopedPlatform> platform;
+    try {
+      photoshop = std::make_unique<ostrel::sim::SimulatedPhotoshop>(
+          ostrel::sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(args[i + 1])));
+    } catch (const std::exception& error) {
+      std::cerr << "ostrel: " << error.what() << '\n';
+      return false;
+    }
+    platform = std::make_unique<ostrel::ScopedPlatform>(ostrel::Platform{.automation = photoshop.get()});
+    args.erase(args.begin() + static_cast<std::ptrdiff_t>(i), args.begin() + static_cast<std::ptrdiff_t>(i + 2));
+    return true;
+#else
+    std::cerr << "ostrel: this build has no simulated Photoshop\n";
+    return false;
+#endif
+  }
+  return true;
+}
 
 // Takes every "--param KEY=VALUE" out of args and gives it to the library's parameters. False on a bad one.
 bool TakeParameters(std::vector<std::string>& args) {
@@ -61,7 +99,7 @@ bool TakeParameters(std::vector<std::string>& args) {
 
 int main(int argc, char** argv) {
   std::vector<std::string> args(argv + 1, argv + argc);
-  if (!TakeParameters(args)) return 2;
+  if (!TakeParameters(args) || !TakeSimulator(args)) return 2;
   if (args.empty()) {
     std::cerr << kUsage;
     return 2;

@@ -172,5 +172,18 @@ TEST(ToolProcessTest, ExitStatusesTellSuccessFromMisuse) {
   EXPECT_NE(RunTool("--version", status).find("ostrel "), std::string::npos);
 }
 
+TEST(ToolProcessTest, PhotoshopOptionRunsAgainstTheSimulatedPhotoshop) {
+  const std::string scenarios = std::string(OSTREL_EXAMPLES_DIR) + "/photoshop/";
+  int status = 0;
+  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle --photoshop " + scenarios + "only_130.json", status),
+            "{\"result\": 1}\n");
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle", status), "{\"result\": 0}\n");  // no Photoshop without it
+  EXPECT_EQ(RunTool("--photoshop " + scenarios + "nothing_reachable.json call Ostrel_Init", status),
+            "{\"result\": 0}\n");
+  RunTool("call Ostrel_Init --photoshop /no/such/scenario.json", status);
+  EXPECT_NE(status, 0);
+}
+
 }  // namespace
 }  // namespace ostrel::cli
