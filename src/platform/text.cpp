@@ -140,8 +140,8 @@ double FormatArg::AsDouble() const noexcept {
 
 namespace {
 
-// One conversion specification of a pattern: %[flags][width][.precision][length]conversion.
-struct Spec {
+// One conversion of a pattern: %[flags][width][.precision][length]letter.
+struct Conversion {
   bool leftAlign = false, plus = false, blank = false, zeroPad = false, alternate = false;
   int width = 0;
   int precision = -1;
@@ -151,16 +151,16 @@ struct Spec {
 std::wstring Widen(std::string_view ascii) { return std::wstring(ascii.begin(), ascii.end()); }
 
 // Whole number body with sign and precision (minimum digits), without width padding.
-std::wstring FormatInteger(const Spec& spec, long long value) {
-  const wchar_t conv = spec.conversion;
+std::wstring FormatInteger(const Conversion& want, long long value) {
+  const wchar_t conv = want.conversion;
   const bool isSigned = conv == L'd' || conv == L'i';
   unsigned long long magnitude;
   std::wstring sign;
   if (isSigned) {
     magnitude = value < 0 ? 0ULL - static_cast<unsigned long long>(value) : static_cast<unsigned long long>(value);
     if (value < 0) sign = L"-";
-    else if (spec.plus) sign = L"+";
-    else if (spec.blank) sign = L" ";
+    else if (want.plus) sign = L"+";
+    else if (want.blank) sign = L" ";
   } else {
     magnitude = static_cast<unsigned int>(value);  // printf reads %u/%x/%o as unsigned int
   }
@@ -172,31 +172,31 @@ std::wstring FormatInteger(const Spec& spec, long long value) {
   if (conv == L'X') {
     for (char& c : digits) c = static_cast<char>(c >= 'a' && c <= 'f' ? c - 'a' + 'A' : c);
   }
-  if (spec.precision == 0 && magnitude == 0) digits.clear();
-  if (spec.precision > 0 && static_cast<int>(digits.size()) < spec.precision) {
-    digits.insert(0, static_cast<size_t>(spec.precision) - digits.size(), '0');
+  if (want.precision == 0 && magnitude == 0) digits.clear();
+  if (want.precision > 0 && static_cast<int>(digits.size()) < want.precision) {
+    digits.insert(0, static_cast<size_t>(want.precision) - digits.size(), '0');
   }
   std::wstring prefix = sign;
-  if (spec.alternate && magnitude != 0 && base == 16) prefix += conv == L'X' ? L"0X" : L"0x";
-  if (spec.alternate && base == 8 && (digits.empty() || digits[0] != '0')) digits.insert(0, 1, '0');
+  if (want.alternate && magnitude != 0 && base == 16) prefix += conv == L'X' ? L"0X" : L"0x";
+  if (want.alternate && base == 8 && (digits.empty() || digits[0] != '0')) digits.insert(0, 1, '0');
   return prefix + Widen(digits);
 }
 
-std::wstring FormatDouble(const Spec& spec, double value) {
+std::wstring FormatDouble(const Conversion& want, double value) {
   std::wstring sign;
   if (std::signbit(value) && !std::isnan(value)) sign = L"-";
-  else if (spec.plus) sign = L"+";
-  else if (spec.blank) sign = L" ";
+  else if (want.plus) sign = L"+";
+  else if (want.blank) sign = L" ";
   const double magnitude = std::fabs(value);
-  const bool upper = spec.conversion == L'F' || spec.conversion == L'E' || spec.conversion == L'G';
+  const bool upper = want.conversion == L'F' || want.conversion == L'E' || want.conversion == L'G';
   if (std::isinf(magnitude) || std::isnan(magnitude)) {
     std::wstring word = std::isinf(magnitude) ? L"inf" : L"nan";
     if (upper) word = std::isinf(magnitude) ? L"INF" : L"NAN";
     return sign + word;
   }
-  const int precision = spec.precision < 0 ? 6 : spec.precision;
+  const int precision = want.precision < 0 ? 6 : want.precision;
   std::chars_format format = std::chars_format::fixed;
-  switch (spec.conversion) {
+  switch (want.conversion) {
     case L'e': case L'E': format = std::chars_format::scientific; break;
     case L'g': case L'G': format = std::chars_format::general; break;
     default: break;
@@ -208,27 +208,27 @@ std::wstring FormatDouble(const Spec& spec, double value) {
   if (upper) {
     for (char& c : buffer) c = static_cast<char>(c == 'e' ? 'E' : c);
   }
-  if (spec.alternate && buffer.find('.') == std::string::npos && format == std::chars_format::fixed) buffer += '.';
+  if (want.alternate && buffer.find('.') == std::string::npos && format == std::chars_format::fixed) buffer += '.';
   return sign + Widen(buffer);
 }
 
-// Pads body to the spec's width; zero padding goes between the sign (or 0x) and the digits.
-void AppendPadded(std::wstring& out, const Spec& spec, std::wstring body, bool numeric) {
-  const size_t width = spec.width > 0 ? static_cast<size_t>(spec.width) : 0;
+// Pads body to the want's width; zero padding goes between the sign (or 0x) and the digits.
+void AppendPadded(std::wstring& out, const Conversion& want, std::wstring body, bool numeric) {
+  const size_t width = want.width > 0 ? static_cast<size_t>(want.width) : 0;
   if (body.size() >= width) {
     out += body;
     return;
   }
   const size_t fill = width - body.size();
-  if (spec.leftAlign) {
+  if (want.leftAlign) {
     out += body;
     out.append(fill, L' ');
     return;
   }
-  const bool zeroPad = numeric && spec.zeroPad && !(spec.precision >= 0 && spec.conversion != L'f' &&
-                                                   spec.conversion != L'F' && spec.conversion != L'e' &&
-                                                   spec.conversion != L'E' && spec.conversion != L'g' &&
-                                                   spec.conversion != L'G');
+  const bool zeroPad = numeric && want.zeroPad && !(want.precision >= 0 && want.conversion != L'f' &&
+                                                   want.conversion != L'F' && want.conversion != L'e' &&
+                                                   want.conversion != L'E' && want.conversion != L'g' &&
+                                                   want.conversion != L'G');
   if (!zeroPad || body.find_first_of(L"inIN") != std::wstring::npos) {  // inf and nan never take zeros
     out.append(fill, L' ');
     out += body;
@@ -245,36 +245,36 @@ void AppendPadded(std::wstring& out, const Spec& spec, std::wstring body, bool n
 
 // Reads the flags, width, precision and length of a specification starting after its '%'.
 // Returns the position of the conversion letter.
-size_t ParseSpec(std::wstring_view pattern, size_t pos, Spec& spec, const FormatArg* args, size_t count,
+size_t ParseConversion(std::wstring_view pattern, size_t pos, Conversion& want, const FormatArg* args, size_t count,
                  size_t& next) {
   for (; pos < pattern.size(); ++pos) {
     const wchar_t c = pattern[pos];
-    if (c == L'-') spec.leftAlign = true;
-    else if (c == L'+') spec.plus = true;
-    else if (c == L' ') spec.blank = true;
-    else if (c == L'0') spec.zeroPad = true;
-    else if (c == L'#') spec.alternate = true;
+    if (c == L'-') want.leftAlign = true;
+    else if (c == L'+') want.plus = true;
+    else if (c == L' ') want.blank = true;
+    else if (c == L'0') want.zeroPad = true;
+    else if (c == L'#') want.alternate = true;
     else break;
   }
   if (pos < pattern.size() && pattern[pos] == L'*') {
     const long long width = next < count ? args[next++].AsInt() : 0;
-    if (width < 0) spec.leftAlign = true;
-    spec.width = static_cast<int>(std::min<long long>(width < 0 ? -width : width, 100000));
+    if (width < 0) want.leftAlign = true;
+    want.width = static_cast<int>(std::min<long long>(width < 0 ? -width : width, 100000));
     ++pos;
   }
   for (; pos < pattern.size() && IsDigit(pattern[pos]); ++pos) {
-    spec.width = std::min(spec.width * 10 + (pattern[pos] - L'0'), 100000);
+    want.width = std::min(want.width * 10 + (pattern[pos] - L'0'), 100000);
   }
   if (pos < pattern.size() && pattern[pos] == L'.') {
     ++pos;
-    spec.precision = 0;
+    want.precision = 0;
     if (pos < pattern.size() && pattern[pos] == L'*') {
       const long long precision = next < count ? args[next++].AsInt() : 0;
-      spec.precision = precision < 0 ? -1 : static_cast<int>(std::min<long long>(precision, 100000));
+      want.precision = precision < 0 ? -1 : static_cast<int>(std::min<long long>(precision, 100000));
       ++pos;
     }
     for (; pos < pattern.size() && IsDigit(pattern[pos]); ++pos) {
-      spec.precision = std::min(spec.precision * 10 + (pattern[pos] - L'0'), 100000);
+      want.precision = std::min(want.precision * 10 + (pattern[pos] - L'0'), 100000);
     }
   }
   while (pos < pattern.size() && (pattern[pos] == L'l' || pattern[pos] == L'h' || pattern[pos] == L'L')) ++pos;
@@ -292,37 +292,37 @@ std::wstring FormatArgs(std::wstring_view pattern, const FormatArg* args, size_t
       out += pattern[pos];
       continue;
     }
-    Spec spec;
-    pos = ParseSpec(pattern, pos + 1, spec, args, count, next);
+    Conversion want;
+    pos = ParseConversion(pattern, pos + 1, want, args, count, next);
     if (pos >= pattern.size()) break;  // a lone '%' at the end prints nothing, as the C runtime does
-    spec.conversion = pattern[pos];
-    if (spec.conversion == L'%') {
+    want.conversion = pattern[pos];
+    if (want.conversion == L'%') {
       out += L'%';
       continue;
     }
     const FormatArg* arg = next < count ? &args[next++] : nullptr;
-    switch (spec.conversion) {
+    switch (want.conversion) {
       case L'd': case L'i': case L'u': case L'x': case L'X': case L'o':
-        AppendPadded(out, spec, FormatInteger(spec, arg ? arg->AsInt() : 0), true);
+        AppendPadded(out, want, FormatInteger(want, arg ? arg->AsInt() : 0), true);
         break;
       case L'f': case L'F': case L'e': case L'E': case L'g': case L'G':
-        AppendPadded(out, spec, FormatDouble(spec, arg ? arg->AsDouble() : 0.0), true);
+        AppendPadded(out, want, FormatDouble(want, arg ? arg->AsDouble() : 0.0), true);
         break;
       case L'c':
-        AppendPadded(out, spec, std::wstring(1, static_cast<wchar_t>(arg ? arg->AsInt() : 0)), false);
+        AppendPadded(out, want, std::wstring(1, static_cast<wchar_t>(arg ? arg->AsInt() : 0)), false);
         break;
       case L's': {
         std::wstring text;
         if (arg && arg->kind() == FormatArg::Kind::kText) text = arg->AsText();
-        else if (arg) text = FormatInteger(Spec{.conversion = L'd'}, arg->AsInt());
-        if (spec.precision >= 0 && text.size() > static_cast<size_t>(spec.precision))
-          text.resize(static_cast<size_t>(spec.precision));
-        AppendPadded(out, spec, std::move(text), false);
+        else if (arg) text = FormatInteger(Conversion{.conversion = L'd'}, arg->AsInt());
+        if (want.precision >= 0 && text.size() > static_cast<size_t>(want.precision))
+          text.resize(static_cast<size_t>(want.precision));
+        AppendPadded(out, want, std::move(text), false);
         break;
       }
       default:  // an unknown conversion is printed as it stands
         out += L'%';
-        out += spec.conversion;
+        out += want.conversion;
         if (arg) --next;
         break;
     }
