@@ -4,98 +4,64 @@
 #include <random>
 
 #include "ostrel/OstrelCore.h"
-#include "platform/text.h"
-#include "script/rows.h"
+#include "script_test_support.h"
+#include "../support/line_cases.h"
 
+namespace ostrel {
 namespace {
 
-using Items = std::vector<std::wstring>;
+using test_support::Items;
 
 class ScriptTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { Ostrel_Init(); }
 };
 
-struct SplitCase {
-  const wchar_t* line;
-  Items items;
-};
-
 TEST_F(ScriptTest, SplitKeepsEveryFieldAsRecorded) {
-  const SplitCase cases[] = {
-      {L"", {}},                                   // an empty line has no items, not one empty item
-      {L",", {L"", L""}},
+  const std::pair<const wchar_t*, Items> cases[] = {
+      {L"", {}},  // an empty line has no items, not one empty item
       {L"A,,B,", {L"A", L"", L"B", L""}},
-      {L"TOOL,5", {L"TOOL", L"5"}},
-      {L" TOOL , 5\r", {L" TOOL ", L" 5\r"}},       // nothing is trimmed
-      {L"FILE,0,a,b.psd", {L"FILE", L"0", L"a", L"b.psd"}},  // a comma in a file name starts a new field
-      {L"\t", {L"\t"}},
-      {L"图层,１", {L"图层", L"１"}},
+      {L" TOOL , 5\r", {L" TOOL ", L" 5\r"}},  // nothing is trimmed
   };
-  for (const SplitCase& c : cases) {
-    SCOPED_TRACE(ostrel::ToUtf8(c.line));
+  for (const auto& [line, expected] : cases) {
     Items items = {L"stale"};
-    Ostrel_ParseItem(c.line, items);
-    EXPECT_EQ(items, c.items);
+    Ostrel_ParseItem(line, items);
+    EXPECT_EQ(items, expected) << ToUtf8(line);
   }
 }
 
 TEST_F(ScriptTest, IsItemComparesOneWholeFieldWithCase) {
   const Items items = {L"A", L"B"};
-  EXPECT_EQ(Ostrel_IsItem(items, 0, L"A"), 1);
   EXPECT_EQ(Ostrel_IsItem(items, 1, L"B"), 1);
   EXPECT_EQ(Ostrel_IsItem(items, 1, L"b"), 0);
   EXPECT_EQ(Ostrel_IsItem(items, 1, L"B "), 0);
   EXPECT_EQ(Ostrel_IsItem(items, 1, L""), 0);
   EXPECT_EQ(Ostrel_IsItem(items, 2, L""), 0);
   EXPECT_EQ(Ostrel_IsItem(items, -1, L"A"), 0);
-  EXPECT_EQ(Ostrel_IsItem({}, 0, L""), 0);
   EXPECT_EQ(Ostrel_IsItem({L""}, 0, L""), 1);
 }
 
-struct LineCase {
-  const wchar_t* line;
-  int result;
-  const wchar_t* title;
-  const wchar_t* detail;
+constexpr test_support::LineCase kToolLines[] = {
+    {L"TOOL,72", 1, L"对象选择工具", L"选择工具：对象选择工具"},
+    {L"TOOL,5,", 1, L"单列选框工具", L"选择工具：单列选框工具"},  // the trailing empty item isn't looked at
+    {L"TOOL,-1", 1, L"NULL", L"选择工具：NULL"},                    // the row of no tool is an ordinary row
+    {L"TOOL, 0x", 1, L"移动工具", L"选择工具：移动工具"},           // _wtoi reads " 0x" as 0
+    {L"TOOL,69", 1, L"", L"选择工具："},                            // unknown index: empty name, still 1
+    {L"TOOL", 0, L"", L""},
+    {L"", 0, L"", L""},
+    {L"tool,5", 0, L"", L""},
+    {L"TOOL ,5", 0, L"", L""},
+    {L" TOOL,5", 0, L"", L""},
+    {L"TOOLS,5", 0, L"", L""},
 };
 
-TEST_F(ScriptTest, DispatcherFindsOnlyTheExactKeyword) {
-  const LineCase cases[] = {
-      {L"TOOL,72", 1, L"对象选择工具", L"选择工具：对象选择工具"},
-      {L"TOOL,5", 1, L"单列选框工具", L"选择工具：单列选框工具"},
-      {L"TOOL,5,", 1, L"单列选框工具", L"选择工具：单列选框工具"},  // the trailing empty item isn't looked at
-      {L"TOOL,-1", 1, L"NULL", L"选择工具：NULL"},                    // the row of no tool is an ordinary row
-      {L"TOOL, 0x", 1, L"移动工具", L"选择工具：移动工具"},           // _wtoi reads " 0x" as 0
-      {L"TOOL,x", 1, L"移动工具", L"选择工具：移动工具"},             // no digits read as 0
-      {L"TOOL,69", 1, L"", L"选择工具："},                            // unknown index: empty name, still 1
-      {L"TOOL,73", 1, L"", L"选择工具："},
-      {L"TOOL", 0, L"", L""},
-      {L"", 0, L"", L""},
-      {L",", 0, L"", L""},
-      {L"tool,5", 0, L"", L""},
-      {L"TOOL ,5", 0, L"", L""},
-      {L" TOOL,5", 0, L"", L""},
-      {L"TOOL\r,5", 0, L"", L""},
-      {L"TOOLS,5", 0, L"", L""},
-      {L"NOPE,1,2,3", 0, L"", L""},
-  };
-  for (const LineCase& c : cases) {
-    SCOPED_TRACE(ostrel::ToUtf8(c.line));
-    tagVantoScript script{L"old title", L"old detail"};  // the record is emptied whatever the result
-    EXPECT_EQ(Ostrel_ParseScript(std::wstring(c.line), script), c.result);
-    EXPECT_EQ(script.strTitle, c.title);
-    EXPECT_EQ(script.strDetail, c.detail);
-  }
-}
+TEST_F(ScriptTest, DispatcherFindsOnlyTheExactKeyword) { test_support::ExpectSteps(kToolLines); }
 
 TEST_F(ScriptTest, DirectRowIgnoresTheKeywordButNeedsItsPlace) {
-  tagVantoScript script;
-  EXPECT_EQ(Ostrel_ParseScriptTool({L"XYZ", L"72"}, script), 1);
-  EXPECT_EQ(script.strTitle, L"对象选择工具");
-  EXPECT_EQ(Ostrel_ParseScriptTool({L"72"}, script), 0);  // item 0 must be there: the count includes it
-  EXPECT_EQ(script.strTitle, L"");
-  EXPECT_EQ(Ostrel_ParseScript(Items{}, script), 0);
+  EXPECT_EQ(test_support::ParseItems({L"XYZ", L"72"}, Ostrel_ParseScriptTool).title, L"对象选择工具");
+  EXPECT_EQ(test_support::ParseItems({L"72"}, Ostrel_ParseScriptTool), (test_support::Parsed{0, L"", L""}))
+      << "item 0 must be there: the count includes it";
+  EXPECT_EQ(test_support::ParseItems({}), (test_support::Parsed{0, L"", L""}));
 }
 
 // Builds random lines from pieces that matter to the split and the dispatch: keywords, numbers, blanks, line
@@ -117,23 +83,20 @@ std::wstring RandomLine(std::mt19937& random) {
   return line;
 }
 
+// The split loses nothing (joining the items gives the line back), and a line and its items give the same step.
 TEST_F(ScriptTest, LineAndItsItemsAlwaysGiveTheSameStep) {
   std::mt19937 random(20261123);
   for (int i = 0; i < 5000; ++i) {
     const std::wstring line = RandomLine(random);
-    SCOPED_TRACE(ostrel::ToUtf8(line));
+    SCOPED_TRACE(ToUtf8(line));
     Items items;
     Ostrel_ParseItem(line, items);
-
-    std::wstring joined;  // the split loses nothing: joining the items gives the line back
+    std::wstring joined;
     for (size_t k = 0; k < items.size(); ++k) joined += (k ? L"," : L"") + items[k];
     ASSERT_EQ(joined, line);
-
-    tagVantoScript fromLine, fromItems;
-    ASSERT_EQ(Ostrel_ParseScript(line, fromLine), Ostrel_ParseScript(items, fromItems));
-    ASSERT_EQ(fromLine.strTitle, fromItems.strTitle);
-    ASSERT_EQ(fromLine.strDetail, fromItems.strDetail);
+    ASSERT_EQ(test_support::ParseLine(line), test_support::ParseItems(items));
   }
 }
 
 }  // namespace
+}  // namespace ostrel

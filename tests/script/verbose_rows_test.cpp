@@ -12,7 +12,6 @@ using ostrel::test_support::LineCase;
 constexpr LineCase kLineCases[] = {
     {L"VERBOSE,0", 1, L"详细引导", L"详细引导-前景色"},
     {L"VERBOSE,1,a", 1, L"详细引导", L"详细引导-渐变名称:a"},  // the gradient's name as recorded
-    {L"VERBOSE,1,007", 1, L"详细引导", L"详细引导-渐变名称:007"},
     {L"VERBOSE,1", 0, L"", L""},  // code 1 wants the name
     {L"VERBOSE,2", 1, L"详细引导", L"详细引导-渐变"},
     {L"VERBOSE,3,2,x", 1, L"详细引导", L"详细引导-调整边缘:全局调整,参数：x"},  // a section
@@ -33,9 +32,7 @@ constexpr LineCase kLineCases[] = {
     {L"VERBOSE,20,1", 1, L"滤镜库", L"滤镜库-新建效果图层"},
     {L"VERBOSE,20,2,9", 1, L"滤镜库", L"滤镜库-确定关闭"},
     {L"VERBOSE,20,3", 0, L"滤镜库", L""},
-    {L"VERBOSE,20", 0, L"", L""},
     {L"VERBOSE,6", 0, L"", L""},  // free codes
-    {L"VERBOSE,12,1", 0, L"", L""},
     {L"VERBOSE,21,1,1", 0, L"", L""},
     {L"VERBOSE", 0, L"", L""},
     {L"VERBOSE,x", 1, L"详细引导", L"详细引导-前景色"},  // x reads as 0
