@@ -41,15 +41,9 @@ TEST(ActionGetScenarioTest, LayersByIndexIdNameAndCurrent) {
     }
     EXPECT_EQ(FailureCode([&] { c.ReadIndex(L"Lyr ", first - 1); }), kDispEException);
     EXPECT_EQ(FailureCode([&] { c.ReadIndex(L"Lyr ", 6); }), kDispEException);
-    const auto byId = [&](int32_t id) {
-      return c.Read([&](const DispatchPtr& r) { Call(r, dr::kPutIdentifier, {I4(c.C(L"Lyr ")), I4(id)}); });
-    };
-    EXPECT_EQ(c.Integer(byId(12), L"itemIndex"), background ? 4 : 3);
-    EXPECT_EQ(FailureCode([&] { byId(99); }), kDispEException);
-    const auto byName = c.Read([&](const DispatchPtr& r) {
-      Call(r, dr::kPutName, {I4(c.S(L"layer")), Str(L"Group")});
-    });
-    EXPECT_EQ(c.Integer(byName, L"layerID"), 11);
+    EXPECT_EQ(c.Integer(c.ReadBy(dr::kPutIdentifier, L"Lyr ", I4(12)), L"itemIndex"), background ? 4 : 3);
+    EXPECT_EQ(FailureCode([&] { c.ReadBy(dr::kPutIdentifier, L"Lyr ", I4(99)); }), kDispEException);
+    EXPECT_EQ(c.Integer(c.ReadBy(dr::kPutName, L"Lyr ", Str(L"Group")), L"layerID"), 11);
     EXPECT_EQ(c.String(c.ReadCurrent(L"Lyr "), L"name"), L"Top");  // the top layer when the scenario names none
   }
 }
@@ -120,11 +114,8 @@ TEST_F(ActionGetTest, ChannelsPathsAndHistory) {
   EXPECT_EQ(FailureCode([&] { c.ReadIndex(L"Chnl", 4); }), kDispEException);
   EXPECT_EQ(c.String(c.ReadIndex(L"Path", 1), L"pathName"), L"Path 1");
   EXPECT_EQ(c.Integer(c.ReadCurrent(L"Path"), L"itemIndex"), 1);  // targetPathIndex 0 of the document
-  const auto pathNamed = [&](const wchar_t* name) {
-    return c.Read([&](const DispatchPtr& r) { Call(r, dr::kPutName, {I4(c.C(L"Path")), Str(name)}); });
-  };
-  EXPECT_EQ(c.Integer(pathNamed(L"Path 1"), L"itemIndex"), 1);
-  EXPECT_EQ(FailureCode([&] { pathNamed(L"Path 9"); }), kDispEException);
+  EXPECT_EQ(c.Integer(c.ReadBy(dr::kPutName, L"Path", Str(L"Path 1")), L"itemIndex"), 1);
+  EXPECT_EQ(FailureCode([&] { c.ReadBy(dr::kPutName, L"Path", Str(L"Path 9")); }), kDispEException);
   // The current layer (the title) has no vector mask; the rectangle has one.
   const auto vectorMask = [&] {
     return c.Read([&](const DispatchPtr& r) {

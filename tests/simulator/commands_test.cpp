@@ -25,9 +25,9 @@ class CommandsTest : public ExampleTest {
   DispatchPtr Run(const std::wstring& event, const DispatchPtr& descriptor) {
     return Call(c.app, da::kExecuteAction, {I4(c.S(event)), Variant::Dispatch(descriptor), I4(3)}).AsDispatch();
   }
-  template <class Fill>
-  int32_t Select(Fill fill) {
-    return FailureCode([&] { Run(L"select", Targeting(fill)); });
+  // select of a reference made by one put (form) with its arguments; the code it fails with, or 0.
+  int32_t Select(int32_t form, std::initializer_list<Variant> args) {
+    return FailureCode([&] { Run(L"select", Targeting([&](const DispatchPtr& r) { Call(r, form, args); })); });
   }
   bool PanelShown(const std::wstring& panel) {
     DispatchPtr descriptor = Targeting([&](const DispatchPtr& r) { c.PutTarget(r, L"capp"); });
@@ -43,9 +43,7 @@ TEST_F(CommandsTest, MenuCommandsToggleTheirPanelAndAreJournaled) {
   EXPECT_FALSE(PanelShown(L"paths"));
   EXPECT_FALSE(PanelShown(L"noSuchPanel"));
   ps.ClearJournal();
-  Select([&](const DispatchPtr& r) {
-    Call(r, dr::kPutEnumerated, {I4(c.S(L"menuItemClass")), I4(c.S(L"menuItemType")), I4(c.S(L"togglePathsPalette"))});
-  });
+  Select(dr::kPutEnumerated, {I4(c.S(L"menuItemClass")), I4(c.S(L"menuItemType")), I4(c.S(L"togglePathsPalette"))});
   ASSERT_EQ(ps.Journal().size(), 1u);
   const JournalEntry entry = ps.Journal()[0];
   EXPECT_TRUE(PanelShown(L"paths"));
@@ -60,7 +58,7 @@ TEST_F(CommandsTest, MenuCommandsToggleTheirPanelAndAreJournaled) {
 
 TEST_F(CommandsTest, SelectingAToolChangesCurrentToolAndItsOptions) {
   EXPECT_EQ(Get(c.app, da::kCurrentTool).AsBstr(), L"marqueeRectTool");
-  EXPECT_EQ(Select([&](const DispatchPtr& r) { Call(r, dr::kPutClass, {I4(c.S(L"paintbrushTool"))}); }), 0);
+  EXPECT_EQ(Select(dr::kPutClass, {I4(c.S(L"paintbrushTool"))}), 0);
   EXPECT_EQ(Get(c.app, da::kCurrentTool).AsBstr(), L"paintbrushTool");
   const auto options = [&](int32_t key) {
     return Call(c.ReadProperty(L"capp", L"currentToolOptions"), dd::kGetObjectValue, {I4(key)}).AsDispatch();
@@ -75,33 +73,28 @@ TEST_F(CommandsTest, SelectingAToolChangesCurrentToolAndItsOptions) {
 }
 
 TEST_F(CommandsTest, SelectingALayerMovesTheSelection) {
-  const auto layerId = [&](int32_t id) {
-    return [&, id](const DispatchPtr& r) { Call(r, dr::kPutIdentifier, {I4(c.C(L"Lyr ")), I4(id)}); };
-  };
-  EXPECT_EQ(Select(layerId(4)), 0);
+  EXPECT_EQ(Select(dr::kPutIdentifier, {I4(c.C(L"Lyr ")), I4(4)}), 0);
   EXPECT_EQ(c.String(c.ReadCurrent(L"Lyr "), L"name"), L"Shadow");
   const DispatchPtr targets = Call(c.ReadCurrent(L"Dcmn"), dd::kGetList, {I4(c.S(L"targetLayers"))}).AsDispatch();
   ASSERT_EQ(Get(targets, dl::kCount).AsI4(), 1);
   EXPECT_EQ(Call(Call(targets, dl::kGetReference, {I4(0)}).AsDispatch(), dr::kGetIndex).AsI4(), 3);
-  EXPECT_EQ(Select(layerId(77)), kDispEException);
+  EXPECT_EQ(Select(dr::kPutIdentifier, {I4(c.C(L"Lyr ")), I4(77)}), kDispEException);
 }
 
 TEST_F(CommandsTest, DeletingTheCurrentHistoryStateDropsItAndLaterOnes) {
   const DispatchPtr document = Get(c.app, da::kActiveDocument).AsDispatch();
-  Put(document, om::kActiveHistoryState, Call(Get(document, om::kHistoryStates).AsDispatch(), om::kItem, {I4(2)}));
+  const DispatchPtr states = Get(document, om::kHistoryStates).AsDispatch();
+  Put(document, om::kActiveHistoryState, Call(states, om::kItem, {I4(2)}));
   Run(L"delete", Targeting([&](const DispatchPtr& r) {
         Call(r, dr::kPutProperty, {I4(c.S(L"historyState")), I4(c.S(L"currentHistoryState"))});
       }));
-  EXPECT_EQ(Get(Get(document, om::kHistoryStates).AsDispatch(), om::kCount).AsI4(), 1);
+  EXPECT_EQ(Get(states, om::kCount).AsI4(), 1);
   EXPECT_EQ(Get(Get(document, om::kActiveHistoryState).AsDispatch(), om::kName).AsBstr(), L"Open");
 }
 
 TEST_F(CommandsTest, WorkspacesAndRefusedEvents) {
-  const auto workspace = [&](const wchar_t* name) {
-    return [&, name](const DispatchPtr& r) { Call(r, dr::kPutName, {I4(c.S(L"workspace")), Str(name)}); };
-  };
-  EXPECT_EQ(Select(workspace(L"Painting")), 0);
-  EXPECT_EQ(Select(workspace(L"No Such Workspace")), kDispEException);
+  EXPECT_EQ(Select(dr::kPutName, {I4(c.S(L"workspace")), Str(L"Painting")}), 0);
+  EXPECT_EQ(Select(dr::kPutName, {I4(c.S(L"workspace")), Str(L"No Such Workspace")}), kDispEException);
   EXPECT_TRUE(ps.Journal().back().failed);
   ps.state().app.refusedEvents = {L"Rset"};
   const DispatchPtr reset = Targeting([&](const DispatchPtr& r) {

@@ -24,9 +24,6 @@ namespace om = dispid::obj;
 inline std::filesystem::path ExamplesDir() {
   return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop";
 }
-inline std::filesystem::path DataDir() {
-  return std::filesystem::path(OSTREL_SOURCE_DIR) / "tests" / "simulator" / "data";
-}
 
 inline SimulatedPhotoshop FromText(const std::string& json) {
   return SimulatedPhotoshop(ParseScenario(json, ExamplesDir(), "test.json"));
@@ -97,8 +94,12 @@ struct Connected {
   DispatchPtr ReadCurrent(const std::wstring& classChars) const {
     return Read([&](const DispatchPtr& r) { PutTarget(r, classChars); });
   }
+  // executeActionGet of one element of a class (by char id): putIndex, putIdentifier or putName as form.
+  DispatchPtr ReadBy(int32_t form, const std::wstring& classChars, const Variant& value) const {
+    return Read([&](const DispatchPtr& r) { Call(r, form, {I4(C(classChars)), value}); });
+  }
   DispatchPtr ReadIndex(const std::wstring& classChars, int32_t index) const {
-    return Read([&](const DispatchPtr& r) { Call(r, dr::kPutIndex, {I4(C(classChars)), I4(index)}); });
+    return ReadBy(dr::kPutIndex, classChars, I4(index));
   }
   // One key of the current object of a class ("capp", "Dcmn", ...).
   DispatchPtr ReadProperty(const std::wstring& classChars, const std::wstring& key) const {

@@ -82,7 +82,8 @@ TEST(TypeIdsTest, OnlyFourCharactersMakeACharId) {
 
 // The numbers that one real Photoshop gave for the keys of a layer.
 TEST(TypeIdsTest, AgreesWithRealPhotoshopNumbers) {
-  std::ifstream in(test::DataDir() / "extendscript_runtime_ids_sample.json");
+  std::ifstream in(std::filesystem::path(OSTREL_SOURCE_DIR) /
+                   "tests/simulator/data/extendscript_runtime_ids_sample.json");
   const Json sample = Json::parse(in);
   TypeIds ids;
   int checked = 0;

@@ -112,8 +112,6 @@ TEST(ValueJsonTest, ReferenceFormsReadAsTheirPuts) {
   EXPECT_EQ(e[1].form, RefElement::Form::kEnumerated);
   EXPECT_EQ(e[1].value, CharId("Trgt"));  // the notation's default value
   EXPECT_EQ(e[2].name, L"a.psd");
-  const Value target = ValueFromJson(Json::parse(R"({"_obj": "set", "_target": {"_ref": "application"}})"), ids);
-  EXPECT_NE(target.object.Find(CharId("null")), nullptr);
 }
 
 TEST(ValueJsonTest, MistakesNameTheirPlace) {
