@@ -7,23 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "frame/dispids.h"
+
 namespace ostrel::sim {
 
 // Value types by the numbers that getType gives.
-enum class ValueType : int32_t {
-  kInteger = 1,
-  kDouble = 2,
-  kUnitDouble = 3,
-  kString = 4,
-  kBoolean = 5,
-  kList = 6,
-  kObject = 7,
-  kEnumerated = 8,
-  kReference = 9,
-  kClass = 10,
-  kAlias = 11,
-  kLargeInteger = 13,
-};
+using ValueType = DescriptorValueType;
 
 // One element of a reference, as the put that made it: putClass, putEnumerated, putIdentifier, putIndex, putName,
 // putOffset, putProperty.

@@ -4,6 +4,27 @@
 
 #include <cstdint>
 
+namespace ostrel {
+
+// The value type of a descriptor key or list item, by the number that getType gives. 1 to 8 are the types the
+// library reads; 9 to 13 (reference, class, alias, large integer) are what the simulated Photoshop assumes.
+enum class DescriptorValueType : int32_t {
+  kInteger = 1,
+  kDouble = 2,
+  kUnitDouble = 3,
+  kString = 4,
+  kBoolean = 5,
+  kList = 6,
+  kObject = 7,
+  kEnumerated = 8,
+  kReference = 9,
+  kClass = 10,
+  kAlias = 11,
+  kLargeInteger = 13,
+};
+
+}  // namespace ostrel
+
 namespace ostrel::dispid {
 
 // Application: called on the application object only.

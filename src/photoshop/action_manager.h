@@ -97,9 +97,7 @@ COleDispatchDriver ListGetReference(const COleDispatchDriver& list, int32_t posi
 int32_t ReferenceGetIndex(const COleDispatchDriver& ref);
 
 // The value types that getType gives.
-enum class ValueType : int32_t {
-  kInteger = 1, kDouble = 2, kUnitDouble = 3, kString = 4, kBoolean = 5, kList = 6, kObject = 7, kEnumerated = 8,
-};
+using ValueType = DescriptorValueType;
 
 // ---- Walkers -------------------------------------------------------------------------------------------------
 

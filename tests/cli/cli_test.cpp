@@ -16,29 +16,24 @@ namespace ostrel::cli {
 namespace {
 
 TEST(JsonTest, ParsesWhatACommandLineHolds) {
-  auto number = ParseJson(" 69 ");
-  ASSERT_TRUE(number);
-  EXPECT_TRUE(number->IsInteger());
-  EXPECT_EQ(number->number, 69);
-  EXPECT_EQ(number->text, "69");
-
-  auto text = ParseJson(R"("Refine\"Edge\u5de5\ud83d\ude00\n")");
-  ASSERT_TRUE(text);
-  EXPECT_EQ(text->kind, Json::Kind::kString);
-  EXPECT_EQ(text->text, "Refine\"Edge\xE5\xB7\xA5\xF0\x9F\x98\x80\n");
-
-  auto array = ParseJson(R"(["TOOL", "5", [], {"a": [1.5e2, true, false, null]}])");
+  EXPECT_EQ(ParseJson(" 69 ").value().text, "69");  // the text it was typed as, for a text parameter
+  EXPECT_TRUE(ParseJson(" 69 ").value().IsInteger());
+  EXPECT_FALSE(ParseJson("2.5").value().IsInteger());
+  EXPECT_EQ(ParseJson(R"("Refine\"Edge\u5de5\ud83d\ude00\n")").value().text,
+            "Refine\"Edge\xE5\xB7\xA5\xF0\x9F\x98\x80\n");
+  const std::optional<Json> array = ParseJson(R"(["TOOL", "5", [], {"a": [1.5e2, true, false, null]}])");
   ASSERT_TRUE(array);
   ASSERT_EQ(array->items.size(), 4u);
-  EXPECT_EQ(array->items[3].members[0].second.items[0].number, 150);
-  EXPECT_TRUE(array->items[3].members[0].second.items[1].boolean);
-  EXPECT_FALSE(array->items[3].members[0].second.items[2].boolean);
-  EXPECT_FALSE(ParseJson("2.5")->IsInteger());
+  const Json& inner = array->items[3].members.at(0).second;
+  ASSERT_EQ(inner.items.size(), 4u);
+  EXPECT_EQ(inner.items[0].number, 150);
+  EXPECT_TRUE(inner.items[1].boolean);
+  EXPECT_FALSE(inner.items[2].boolean);
 }
 
 TEST(JsonTest, RejectsWhatIsNotJson) {
-  for (const char* bad : {"", "RefineEdgeTool", "'x'", "[1,]", "{\"a\" 1}", "01", "1.", "-", "\"open",
-                          "[1] 2", "\"tab\there\"", "\"\\x\"", "tru", "nulls"}) {
+  for (const char* bad : {"", "RefineEdgeTool", "'x'", "[1,]", "{\"a\" 1}", "01", "1.", "-", "\"open", "[1] 2",
+                          "\"tab\there\"", "\"\\x\"", "tru", "nulls"}) {
     SCOPED_TRACE(bad);
     std::string error;
     EXPECT_FALSE(ParseJson(bad, &error));
@@ -47,45 +42,40 @@ TEST(JsonTest, RejectsWhatIsNotJson) {
   EXPECT_FALSE(ParseJson(std::string(200, '[')));  // nesting is bounded, not a stack overflow
 }
 
-TEST(JsonTest, WritesOneLineObjectsInOrder) {
+TEST(JsonTest, WritesEscapes) {
   EXPECT_EQ(JsonQuote("a\"b\\c\td\r\x01"), R"("a\"b\\c\td\r\u0001")");
-  EXPECT_EQ(JsonQuote("对象"), "\"对象\"");
-  EXPECT_EQ(JsonObject().Add("result", "1").Add("title", "\"t\"").Render(), R"({"result": 1, "title": "t"})");
   EXPECT_EQ(JsonArray({}), "[]");
 }
 
-TEST(CallTest, ArgumentsAreJsonWhereTheyParseAndTextElsewhere) {
-  EXPECT_EQ(ArgumentFromWord("69").kind, Json::Kind::kNumber);
-  EXPECT_EQ(ArgumentFromWord("\"69\"").kind, Json::Kind::kString);
-  const Json plain = ArgumentFromWord("RefineEdgeTool");
-  EXPECT_EQ(plain.kind, Json::Kind::kString);
-  EXPECT_EQ(plain.text, "RefineEdgeTool");
-  EXPECT_EQ(ArgumentFromWord("TOOL,5").text, "TOOL,5");
-}
-
-struct CallCase {
-  const char* name;
-  std::vector<std::string> words;
-  const char* answer;
-};
-
+// Words are JSON where they parse and text elsewhere; one row for each kind of argument and answer: numbers,
+// unsigned ids, enumerations, texts, lists, records.
 TEST(CallTest, RunsExportsByName) {
-  const CallCase cases[] = {
+  struct Case {
+    const char* name;
+    std::vector<std::string> words;
+    const char* answer;
+  };
+  const Case cases[] = {
       {"Ostrel_ToolNameENToIndex", {"\"RefineEdgeTool\""}, R"({"result": 70})"},
       {"Ostrel_ToolNameENToIndex", {"RefineEdgeTool"}, R"({"result": 70})"},
       {"Ostrel_ToolIndexToNameEN", {"69"}, R"({"result": ""})"},
       {"Ostrel_ToolIndexToNameCN", {"72"}, R"({"result": "对象选择工具"})"},
+      {"Ostrel_ToolFeaturesIDToToolIndex", {"2262"}, R"({"result": 59})"},
+      {"Ostrel_ToolFeaturesToStringID", {"51"}, R"({"result": "MrqF"})"},
+      {"Ostrel_ToolFeaturesToStringID", {"4294967295"}, R"({"result": ""})"},
+      {"Ostrel_ToolFeaturesToStringID", {"-1"}, R"({"result": ""})"},  // taken as 4294967295
+      {"Ostrel_ToolFeaturesValueToName", {"50", "\"\""}, R"({"result": "新选区"})"},
       {"Ostrel_ParseItem", {"A,,B,"}, R"({"result": null, "items": ["A", "", "B", ""]})"},
       {"Ostrel_IsItem", {"[\"A\",\"B\"]", "1", "B"}, R"({"result": 1})"},
-      {"Ostrel_ParseScript", {"TOOL,72"},
+      {"Ostrel_ParseScript",
+       {"TOOL,72"},
        R"({"result": 1, "script": {"strTitle": "对象选择工具", "strDetail": "选择工具：对象选择工具"}})"},
-      {"Ostrel_ParseScript", {"[\"TOOL\",\"5\"]"},
+      {"Ostrel_ParseScript",
+       {"[\"TOOL\",\"5\"]"},
        R"({"result": 1, "script": {"strTitle": "单列选框工具", "strDetail": "选择工具：单列选框工具"}})"},
-      {"Ostrel_ParseScriptTool", {"[\"x\",\"-1\"]"},
-       R"({"result": 1, "script": {"strTitle": "NULL", "strDetail": "选择工具：NULL"}})"},
   };
   Ostrel_Init();
-  for (const CallCase& c : cases) {
+  for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     std::string answer, error;
     ASSERT_EQ(RunCall(c.name, c.words, answer, error), 0) << error;
@@ -104,6 +94,10 @@ TEST(CallTest, BadCallsSayWhy) {
   EXPECT_NE(RunCall("Ostrel_ToolIndexToNameCN", {"99999999999"}, answer, error), 0);
   EXPECT_NE(RunCall("Ostrel_ParseScript", {"{}"}, answer, error), 0);  // neither overload takes an object
   EXPECT_NE(error.find("Ostrel_ParseScript(items"), std::string::npos);
+  for (const char* bad : {"1.5", "4294967296", "-2147483649", "[]"}) {  // an unsigned id is a whole 32-bit number
+    SCOPED_TRACE(bad);
+    EXPECT_NE(RunCall("Ostrel_ToolFeaturesToStringID", {bad}, answer, error), 0);
+  }
 }
 
 TEST(CallTest, EveryEntryHasAnExportNameAndNamesForAllParameters) {
@@ -118,7 +112,6 @@ TEST(CallTest, EveryEntryHasAnExportNameAndNamesForAllParameters) {
 TEST(LessonTest, LineEndsAreNotFieldContent) {
   EXPECT_EQ(SplitLessonText(""), std::vector<std::wstring>{});
   EXPECT_EQ(SplitLessonText("TOOL,1\nTOOL,2"), (std::vector<std::wstring>{L"TOOL,1", L"TOOL,2"}));
-  EXPECT_EQ(SplitLessonText("TOOL,1\r\nTOOL,2\r\n"), (std::vector<std::wstring>{L"TOOL,1", L"TOOL,2"}));
   EXPECT_EQ(SplitLessonText("\xEF\xBB\xBFTOOL,1\n\nX\r\r\n"), (std::vector<std::wstring>{L"TOOL,1", L"", L"X\r"}));
   EXPECT_EQ(SplitLessonText("a\rb\n"), (std::vector<std::wstring>{L"a\rb"}));  // a lone CR stays in the field
   EXPECT_EQ(SplitLessonText("羽化\n"), (std::vector<std::wstring>{L"羽化"}));
@@ -146,40 +139,30 @@ std::string RunTool(const std::string& arguments, int& status, const std::string
   return output;
 }
 
-TEST(ToolProcessTest, ParseJsonGivesOneObjectPerInputLine) {
+TEST(ToolProcessTest, OutputAndExitStatus) {
+  const std::string examples = std::string(OSTREL_EXAMPLES_DIR) + "/";
   int status = 0;
-  const std::string out = RunTool("parse --json -", status, "TOOL,72\nTOOL\ntool,5\r\n\n");
-  EXPECT_EQ(status, 0);
-  EXPECT_EQ(out,
+  EXPECT_EQ(RunTool("parse --json -", status, "TOOL,72\nTOOL\ntool,5\r\n\n"),
             "{\"result\": 1, \"title\": \"对象选择工具\", \"detail\": \"选择工具：对象选择工具\"}\n"
             "{\"result\": 0, \"title\": \"\", \"detail\": \"\"}\n"
             "{\"result\": 0, \"title\": \"\", \"detail\": \"\"}\n"
             "{\"result\": 0, \"title\": \"\", \"detail\": \"\"}\n");
-}
-
-TEST(ToolProcessTest, ExitStatusesTellSuccessFromMisuse) {
-  int status = 0;
-  RunTool(std::string("parse ") + OSTREL_EXAMPLES_DIR + "/lessons/marquee_feather.lesson", status);
+  EXPECT_EQ(status, 0);
+  RunTool("parse " + examples + "lessons/marquee_feather.lesson", status);
   EXPECT_EQ(status, 0);
   RunTool("parse /no/such/lesson", status);
   EXPECT_NE(status, 0);
-  EXPECT_EQ(RunTool("call Ostrel_ToolIndexToNameEN 69", status), "{\"result\": \"\"}\n");
-  EXPECT_EQ(status, 0);
   RunTool("call Ostrel_Nothing", status);
   EXPECT_NE(status, 0);
   EXPECT_NE(RunTool("call --list", status).find("Ostrel_ParseScriptWokrZone(items: string[], out script"),
             std::string::npos);
   EXPECT_NE(RunTool("--version", status).find("ostrel "), std::string::npos);
-}
-
-TEST(ToolProcessTest, PhotoshopOptionRunsAgainstTheSimulatedPhotoshop) {
-  const std::string scenarios = std::string(OSTREL_EXAMPLES_DIR) + "/photoshop/";
-  int status = 0;
-  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle --photoshop " + scenarios + "only_130.json", status),
+  // --photoshop runs against the simulated Photoshop, before or after the command; without it there is none.
+  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle --photoshop " + examples + "photoshop/only_130.json", status),
             "{\"result\": 1}\n");
   EXPECT_EQ(status, 0);
-  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle", status), "{\"result\": 0}\n");  // no Photoshop without it
-  EXPECT_EQ(RunTool("--photoshop " + scenarios + "nothing_reachable.json call Ostrel_Init", status),
+  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle", status), "{\"result\": 0}\n");
+  EXPECT_EQ(RunTool("--photoshop " + examples + "photoshop/nothing_reachable.json call Ostrel_Init", status),
             "{\"result\": 0}\n");
   RunTool("call Ostrel_Init --photoshop /no/such/scenario.json", status);
   EXPECT_NE(status, 0);

@@ -9,19 +9,9 @@
 namespace ostrel::sim {
 namespace {
 
-using test::Call;
-using test::Get;
-using test::I4;
-using test::Str;
-namespace dd = dispid::desc;
-namespace dl = dispid::list;
-namespace dr = dispid::ref;
+using namespace test;
 
-class ActionObjectsTest : public ::testing::Test {
- protected:
-  SimulatedPhotoshop ps = test::FromText("{}");
-  test::Connected c{ps};
-};
+using ActionObjectsTest = ExampleTest;
 
 // Would catch a put whose arguments are taken in another order, or a get mapped to another member's id.
 TEST_F(ActionObjectsTest, PutsComeBackByTheirTypedGets) {
@@ -31,27 +21,26 @@ TEST_F(ActionObjectsTest, PutsComeBackByTheirTypedGets) {
   Call(d, dd::kPutBoolean, {I4(c.S(L"visible")), Variant::Bool(true)});
   Call(d, dd::kPutEnumerated, {I4(c.S(L"mode")), I4(c.S(L"blendMode")), I4(c.S(L"multiply"))});
   Call(d, dd::kPutPath, {I4(c.S(L"to")), Str(L"C:\\a.psd")});
-  EXPECT_EQ(Get(d, dd::kCount).AsI4(), 5);
-  EXPECT_EQ(Call(d, dd::kGetKey, {I4(1)}).AsI4(), c.S(L"name"));
-  EXPECT_EQ(Call(d, dd::kGetInteger, {I4(c.S(L"count"))}).AsI4(), -7);
-  EXPECT_EQ(Call(d, dd::kGetString, {I4(c.S(L"name"))}).AsBstr(), L"图层 1");
+  EXPECT_EQ(c.Integer(d, L"count"), -7);
+  EXPECT_EQ(c.String(d, L"name"), L"图层 1");
   EXPECT_TRUE(Call(d, dd::kGetBoolean, {I4(c.S(L"visible"))}).AsBool());
-  EXPECT_EQ(Call(d, dd::kGetInteger, {I4(c.S(L"visible"))}).AsI4(), 1);  // as Photoshop reads "background"
-  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kGetBoolean, {I4(c.S(L"count"))}); }), kDispEException);
+  EXPECT_EQ(c.Integer(d, L"visible"), 1);  // as Photoshop reads "background"
   EXPECT_EQ(Call(d, dd::kGetEnumerationValue, {I4(c.S(L"mode"))}).AsI4(), c.S(L"multiply"));
-  const std::pair<const wchar_t*, ValueType> types[] = {{L"count", ValueType::kInteger},
+  const std::pair<const wchar_t*, ValueType> kKeys[] = {{L"count", ValueType::kInteger},
                                                         {L"name", ValueType::kString},
                                                         {L"visible", ValueType::kBoolean},
                                                         {L"mode", ValueType::kEnumerated},
                                                         {L"to", ValueType::kAlias}};
-  for (const auto& [key, type] : types) {
-    EXPECT_EQ(Call(d, dd::kGetType, {I4(c.S(key))}).AsI4(), static_cast<int32_t>(type));
+  EXPECT_EQ(Get(d, dd::kCount).AsI4(), 5);
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(Call(d, dd::kGetKey, {I4(i)}).AsI4(), c.S(kKeys[i].first));
+    EXPECT_EQ(Call(d, dd::kGetType, {I4(c.S(kKeys[i].first))}).AsI4(), static_cast<int32_t>(kKeys[i].second));
   }
   // Putting a key again replaces its value where it stands.
   Call(d, dd::kPutInteger, {I4(c.S(L"name")), I4(3)});
   EXPECT_EQ(Get(d, dd::kCount).AsI4(), 5);
   EXPECT_EQ(Call(d, dd::kGetKey, {I4(1)}).AsI4(), c.S(L"name"));
-  EXPECT_EQ(Call(d, dd::kGetType, {I4(c.S(L"name"))}).AsI4(), 1);
+  EXPECT_EQ(c.Integer(d, L"name"), 3);
 }
 
 TEST_F(ActionObjectsTest, GetsOfAnotherTypeOrMissingKeysFail) {
@@ -61,13 +50,13 @@ TEST_F(ActionObjectsTest, GetsOfAnotherTypeOrMissingKeysFail) {
   for (int32_t get : {dd::kGetDouble, dd::kGetUnitDoubleValue, dd::kGetBoolean, dd::kGetString, dd::kGetObjectValue,
                       dd::kGetList, dd::kGetEnumerationValue}) {
     SCOPED_TRACE(get);
-    EXPECT_EQ(test::FailureCode([&] { Call(d, get, {I4(c.S(L"opacity"))}); }), kDispEException);
+    EXPECT_EQ(FailureCode([&] { Call(d, get, {I4(c.S(L"opacity"))}); }), kDispEException);
   }
-  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kGetInteger, {I4(c.S(L"name"))}); }), kDispEException);
-  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kGetType, {I4(c.S(L"name"))}); }), kDispEException);
-  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kGetKey, {I4(1)}); }), kDispEException);
-  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kPutInteger, {I4(1)}); }), kDispEBadParamCount);
-  EXPECT_EQ(test::FailureCode([&] { Call(d, dd::kPutObject, {I4(1), I4(2), Str(L"x")}); }), kDispETypeMismatch);
+  EXPECT_EQ(FailureCode([&] { Call(d, dd::kGetInteger, {I4(c.S(L"name"))}); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Call(d, dd::kGetType, {I4(c.S(L"name"))}); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Call(d, dd::kGetKey, {I4(1)}); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Call(d, dd::kPutInteger, {I4(1)}); }), kDispEBadParamCount);
+  EXPECT_EQ(FailureCode([&] { Call(d, dd::kPutObject, {I4(1), I4(2), Str(L"x")}); }), kDispETypeMismatch);
 }
 
 // putObject takes a copy of the descriptor, and getObjectValue gives one: neither is changed through the other.
@@ -77,40 +66,35 @@ TEST_F(ActionObjectsTest, ObjectsAreCopies) {
   const DispatchPtr outer = c.NewDescriptor();
   Call(outer, dd::kPutObject, {I4(c.S(L"pattern")), I4(c.S(L"pattern")), Variant::Dispatch(inner)});
   Call(inner, dd::kPutInteger, {I4(c.S(L"scale")), I4(75)});
-  const DispatchPtr got = Call(outer, dd::kGetObjectValue, {I4(c.S(L"pattern"))}).AsDispatch();
-  EXPECT_EQ(Call(got, dd::kGetInteger, {I4(c.S(L"scale"))}).AsI4(), 50);
+  const DispatchPtr got = c.Object(outer, L"pattern");
+  EXPECT_EQ(c.Integer(got, L"scale"), 50);
   Call(got, dd::kPutInteger, {I4(c.S(L"scale")), I4(10)});
-  const DispatchPtr again = Call(outer, dd::kGetObjectValue, {I4(c.S(L"pattern"))}).AsDispatch();
-  EXPECT_EQ(Call(again, dd::kGetInteger, {I4(c.S(L"scale"))}).AsI4(), 50);
+  EXPECT_EQ(c.Integer(c.Object(outer, L"pattern"), L"scale"), 50);
 }
 
 // Lists come from descriptors; their positions count from 0 and their gets repeat the descriptor's ids.
 TEST_F(ActionObjectsTest, ListsByPositionFromZero) {
-  auto app = SimulatedPhotoshop::FromFile(test::ExamplesDir() / "layers_and_group.json");
-  test::Connected a(app);
-  const DispatchPtr document = a.ReadCurrent(L"Dcmn");
-  const DispatchPtr printers = Call(document, dd::kGetList, {I4(a.S(L"printerList"))}).AsDispatch();
+  const DispatchPtr printers = Call(c.ReadCurrent(L"Dcmn"), dd::kGetList, {I4(c.S(L"printerList"))}).AsDispatch();
   EXPECT_EQ(Get(printers, dl::kCount).AsI4(), 1);
   EXPECT_EQ(Call(printers, dl::kGetString, {I4(0)}).AsBstr(), L"Secure Printer");
   EXPECT_EQ(Call(printers, dd::kGetType, {I4(0)}).AsI4(), static_cast<int32_t>(ValueType::kString));
-  EXPECT_EQ(test::FailureCode([&] { Call(printers, dl::kGetString, {I4(1)}); }), kDispEException);
-  EXPECT_EQ(test::FailureCode([&] { Call(printers, dl::kGetDouble, {I4(0)}); }), kDispEException);
-  EXPECT_EQ(test::FailureCode([&] { Call(printers, dd::kHasKey, {I4(0)}); }), kDispENotFound);  // no keys in a list
-  const DispatchPtr workspaces = Call(a.ReadCurrent(L"capp"), dd::kGetList, {I4(a.S(L"workspaceList"))}).AsDispatch();
-  const DispatchPtr third = Call(workspaces, dl::kGetObjectValue, {I4(2)}).AsDispatch();
-  EXPECT_EQ(a.String(third, L"displayName"), L"Motion");
+  EXPECT_EQ(FailureCode([&] { Call(printers, dl::kGetString, {I4(1)}); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Call(printers, dl::kGetDouble, {I4(0)}); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Call(printers, dd::kHasKey, {I4(0)}); }), kDispENotFound);  // no keys in a list
+  const DispatchPtr workspaces = Call(c.ReadCurrent(L"capp"), dd::kGetList, {I4(c.S(L"workspaceList"))}).AsDispatch();
+  EXPECT_EQ(c.String(Call(workspaces, dl::kGetObjectValue, {I4(2)}).AsDispatch(), L"displayName"), L"Motion");
 }
 
 TEST_F(ActionObjectsTest, ReferencesKeepTheirElements) {
   const DispatchPtr reference = c.NewReference();
-  EXPECT_EQ(test::FailureCode([&] { Call(reference, dr::kGetIndex); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Call(reference, dr::kGetIndex); }), kDispEException);
   Call(reference, dr::kPutIndex, {I4(c.C(L"Lyr ")), I4(4)});
   Call(reference, dr::kPutName, {I4(c.C(L"Dcmn")), Str(L"a.psd")});
   EXPECT_EQ(Call(reference, dr::kGetIndex).AsI4(), 4);
   const DispatchPtr d = c.NewDescriptor();
   Call(d, dd::kPutReference, {I4(c.C(L"null")), Variant::Dispatch(reference)});
   Call(reference, dr::kPutClass, {I4(c.C(L"capp"))});  // the descriptor holds a copy
-  const DispatchPtr back = Call(d, dispid::list::kGetReference, {I4(c.S(L"target"))}).AsDispatch();
+  const DispatchPtr back = Call(d, dl::kGetReference, {I4(c.S(L"target"))}).AsDispatch();
   auto& held = dynamic_cast<ActionReferenceObject&>(*back).value();
   ASSERT_EQ(held.elements.size(), 2u);
   EXPECT_EQ(held.elements[1].name, L"a.psd");

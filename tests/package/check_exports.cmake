@@ -1,0 +1,36 @@
+# Lists the symbols that the built library exports and fails if one of them is not a function of the library's
+# interface (names beginning Ostrel_ or OSTREL_, and LayerMaskToName). LIBRARY is the .so or .dll; TOOL the
+# lister: nm for ELF, objdump for PE.
+execute_process(COMMAND ${TOOL} ${ARGS} ${LIBRARY} OUTPUT_VARIABLE listing RESULT_VARIABLE rc)
+if(rc)
+  message(FATAL_ERROR "${TOOL} failed on ${LIBRARY}")
+endif()
+if(LIBRARY MATCHES "\\.dll$")
+  # objdump -p: the names between "[Ordinal/Name Pointer] Table" and the next blank line.
+  string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table\n([^\n]+\n)+" table "${listing}")
+  string(REGEX MATCHALL "\\] [^\n]+" names "${table}")
+  list(TRANSFORM names REPLACE "^\\] " "")
+else()
+  # nm -D --defined-only: "address type name".
+  string(REGEX MATCHALL "[0-9a-f]+ [A-Za-z] [^\n]+" lines "${listing}")
+  set(names)
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^[0-9a-f]+ [A-Za-z] " "" name "${line}")
+    list(APPEND names "${name}")
+  endforeach()
+endif()
+list(LENGTH names count)
+if(count EQUAL 0)
+  message(FATAL_ERROR "no exported names found in ${LIBRARY}")
+endif()
+set(stray)
+foreach(name IN LISTS names)
+  # Itanium-mangled names carry the length of the function's name before it: _Z11Ostrel_Initv.
+  if(NOT name MATCHES "^_Z[0-9]+(Ostrel_|OSTREL_|LayerMaskToName)" AND NOT name MATCHES "^(Ostrel_|OSTREL_)")
+    list(APPEND stray "${name}")
+  endif()
+endforeach()
+if(stray)
+  message(FATAL_ERROR "exported beyond the interface: ${stray}")
+endif()
+message(STATUS "${count} exports, all of the interface")
