@@ -124,7 +124,9 @@ TEST(TableTextTest, WidthAndEscapes) {
 
 // Runs the real tool with the given standard input and gives its standard output and exit status.
 std::string RunTool(const std::string& arguments, int& status, const std::string& input = "") {
-  const std::string inputPath = ::testing::TempDir() + "ostrel_cli_input.txt";
+  // One input file per test: ctest runs the tests of this file in parallel processes.
+  const std::string inputPath = ::testing::TempDir() + "ostrel_cli_input_" +
+                                ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt";
   {
     std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(inputPath.c_str(), "wb"), fclose);
     fwrite(input.data(), 1, input.size(), file.get());
