@@ -1,3 +1,4 @@
+cmake_minimum_required(VERSION 3.25)
 # Lists the symbols that the built library exports and fails if one of them is not a function of the library's
 # interface (names beginning Ostrel_ or OSTREL_, and LayerMaskToName). LIBRARY is the .so or .dll; TOOL the
 # lister: nm for ELF, objdump for PE.
@@ -8,8 +9,16 @@ endif()
 if(LIBRARY MATCHES "\\.dll$")
   # objdump -p: the names between "[Ordinal/Name Pointer] Table" and the next blank line.
   string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table\n([^\n]+\n)+" table "${listing}")
-  string(REGEX MATCHALL "\\] [^\n]+" names "${table}")
-  list(TRANSFORM names REPLACE "^\\] " "")
+  string(REPLACE "\n" ";" lines "${table}")
+  list(REMOVE_AT lines 0)
+  set(names)
+  foreach(line IN LISTS lines)
+    # "\t[   0] _Z11Ostrel_Initv": the name is what follows the closing bracket.
+    string(REGEX REPLACE "^[^]]*] " "" name "${line}")
+    if(name)
+      list(APPEND names "${name}")
+    endif()
+  endforeach()
 else()
   # nm -D --defined-only: "address type name".
   string(REGEX MATCHALL "[0-9a-f]+ [A-Za-z] [^\n]+" lines "${listing}")
