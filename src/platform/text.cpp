@@ -243,7 +243,7 @@ void AppendPadded(std::wstring& out, const Conversion& want, std::wstring body, 
   out += body;
 }
 
-// Reads the flags, width, precision and length of a specification starting after its '%'.
+// Reads the flags, width, precision and length of a conversion, starting after its '%'.
 // Returns the position of the conversion letter.
 size_t ParseConversion(std::wstring_view pattern, size_t pos, Conversion& want, const FormatArg* args, size_t count,
                  size_t& next) {
