@@ -3,33 +3,6 @@
 
 namespace ostrel::cli {
 
-using CallFamily = const std::vector<CallEntry>& (*)();
-
-// Every family of exports; a new family adds its line here.
-constexpr CallFamily kFamilies[] = {
-    LifecycleCalls,
-    ScriptCalls,
-    ToolCalls,
-    MenuCalls,
-    LayerCalls,
-    FilterCalls,
-    SwatchCalls,
-    PresetCalls,
-    ToolOptionCalls,
-};
-
-const std::vector<CallEntry>& AllCalls() {
-  static const std::vector<CallEntry> all = [] {
-    std::vector<CallEntry> list;
-    for (CallFamily family : kFamilies) {
-      const std::vector<CallEntry>& entries = family();
-      list.insert(list.end(), entries.begin(), entries.end());
-    }
-    return list;
-  }();
-  return all;
-}
-
 Json ArgumentFromWord(const std::string& word) {
   if (std::optional<Json> parsed = ParseJson(word)) return *parsed;
   Json text;

@@ -117,18 +117,11 @@ CallEntry MakeCall(std::string name, R (*function)(P...), std::vector<std::strin
 #define OSTREL_CALL_AS(function, type, ...) \
   ::ostrel::cli::MakeCall(#function, static_cast<type>(&function), {__VA_ARGS__})
 
-// The families of exports, each in its own calls_<family>.cpp.
-const std::vector<CallEntry>& LifecycleCalls();
-const std::vector<CallEntry>& ScriptCalls();
-const std::vector<CallEntry>& ToolCalls();
-const std::vector<CallEntry>& MenuCalls();
-const std::vector<CallEntry>& LayerCalls();
-const std::vector<CallEntry>& FilterCalls();
-const std::vector<CallEntry>& SwatchCalls();
-const std::vector<CallEntry>& PresetCalls();
-const std::vector<CallEntry>& ToolOptionCalls();
+// The parameter names of a parameter list as the export table writes it: "(std::wstring line, int& n)" gives
+// {"line", "n"}.
+std::vector<std::string> ParameterNames(std::string_view parameters);
 
-// Every callable export, family by family.
+// Every callable export, in the order of the export table (cli/export_calls.cpp).
 const std::vector<CallEntry>& AllCalls();
 
 // Runs the export called name with the given arguments (command line words: JSON where they parse as JSON,

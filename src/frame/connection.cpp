@@ -4,9 +4,7 @@
 #include <cstdint>
 
 #include "frame/dispids.h"
-#include "frame/guard.h"
 #include "frame/log.h"
-#include "ostrel/lifecycle.h"
 #include "platform/platform.h"
 
 namespace ostrel {
@@ -67,6 +65,11 @@ bool TryOnePass(std::wstring& code, COleException& error) {
 
 }  // namespace
 
+std::recursive_mutex& ConnectionMutex() noexcept {
+  static std::recursive_mutex mutex;
+  return mutex;
+}
+
 COleDispatchDriver& Application() noexcept {
   static COleDispatchDriver application;
   return application;
@@ -84,6 +87,7 @@ std::wstring VersionCodeOf(const std::wstring& versionName) {
 }
 
 int ConnectPhotoshop() {
+  std::lock_guard lock(ConnectionMutex());
   CLogFile& log = TheLog();
   COleDispatchDriver& app = Application();
   log.Write(L"%s-初始化之前 :m_lpDispatch:%x-m_bAutoRelease:%d\n", L"Init", PointerBits(app.m_lpDispatch),
@@ -109,22 +113,19 @@ int ConnectPhotoshop() {
   return app.IsEmpty() ? 0 : 1;
 }
 
-void ReleasePhotoshop() noexcept {
+void ReleasePhotoshop() {
+  std::lock_guard lock(ConnectionMutex());
   COleDispatchDriver& app = Application();
   if (!app.IsEmpty()) app.ReleaseDispatch();
 }
 
-}  // namespace ostrel
-
-OSTREL_API int Ostrel_IsServiceIdle() noexcept {
-  using namespace ostrel;
-  if (!IsConnected()) return 0;
-  return Guarded(0, [] {
-    const COleDispatchDriver& app = Application();
-    if (app.Get(dispid::app::kVisible).AsBool()) return 1;
-    const std::wstring version = app.Get(dispid::app::kVersion).AsBstr();
-    if (!version.empty()) return 1;
-    TheLog().Write(L"%s-服务占用判断失败 _bState:%d-_strVersion:%s\n", L"IsServiceIdle", 0, version);
-    return 0;
-  });
+int ServiceIdle() {
+  const COleDispatchDriver& app = Application();
+  if (app.Get(dispid::app::kVisible).AsBool()) return 1;
+  const std::wstring version = app.Get(dispid::app::kVersion).AsBstr();
+  if (!version.empty()) return 1;
+  TheLog().Write(L"%s-服务占用判断失败 _bState:%d-_strVersion:%s\n", L"IsServiceIdle", 0, version);
+  return 0;
 }
+
+}  // namespace ostrel

@@ -2,13 +2,19 @@
 // connecting and releasing steps of Ostrel_Init and Ostrel_UnInit.
 #pragma once
 
+#include <mutex>
 #include <string>
 
 #include "frame/dispatch_driver.h"
 
 namespace ostrel {
 
-// The application object; empty when not connected.
+// The lock of the connection state (the application object and the ProgID strings). Connecting, releasing, the
+// idle check and every read or command of Photoshop hold it, so a lesson player may poll Ostrel_IsServiceIdle from
+// a timer thread while its UI thread reads. Recursive, so that one export may run another's body.
+std::recursive_mutex& ConnectionMutex() noexcept;
+
+// The application object; empty when not connected. Used under ConnectionMutex().
 COleDispatchDriver& Application() noexcept;
 inline bool IsConnected() noexcept { return !Application().IsEmpty(); }
 
@@ -25,6 +31,10 @@ std::wstring VersionCodeOf(const std::wstring& versionName);
 int ConnectPhotoshop();
 
 // Lets go of the connection, if any.
-void ReleasePhotoshop() noexcept;
+void ReleasePhotoshop();
+
+// 1 if Photoshop answers a call now: its visibility reads true, or its version reads non-empty; else 0, with a
+// log line. Called connected, under ConnectionMutex(); a failed read throws to the caller.
+int ServiceIdle();
 
 }  // namespace ostrel

@@ -1,12 +1,27 @@
-// The one place where an exception becomes a documented default: every export's body runs inside it.
+// The export boundary: the one place where an exception becomes a documented default, and where an export that
+// talks to Photoshop takes the connection's lock and gives its unconnected answer. Every export is defined from
+// its row in exports.def through these two functions.
 #pragma once
 
+#include <mutex>
 #include <utility>
+
+#include "frame/connection.h"
 
 namespace ostrel {
 
-// Runs body and returns its value; any exception gives fallback instead. The library is a guest in the
-// lesson player's process, so nothing may escape an export.
+// Runs body and returns its value; any exception gives fallback() instead. The library is a guest in the lesson
+// player's process, so nothing may escape an export. fallback must not throw.
+template <class R, class Body, class Fallback>
+R Guarded(Body&& body, Fallback&& fallback) noexcept {
+  try {
+    return std::forward<Body>(body)();
+  } catch (...) {
+    return std::forward<Fallback>(fallback)();
+  }
+}
+
+// The same with a plain fallback value, for code inside the library that guards one step of its own.
 template <class T, class F>
 T Guarded(T fallback, F&& body) noexcept {
   try {
@@ -16,13 +31,18 @@ T Guarded(T fallback, F&& body) noexcept {
   }
 }
 
-// The same for an export that returns nothing.
-template <class F>
-void GuardedVoid(F&& body) noexcept {
-  try {
-    std::forward<F>(body)();
-  } catch (...) {
-  }
+// An export that reads or commands Photoshop: serialized with connecting, releasing and every other such export
+// by the connection's lock; unconnected() without any automation call when there is no connection; otherwise
+// body(), with fallback() for a failure inside it.
+template <class R, class Body, class Fallback, class Unconnected>
+R GuardedPhotoshop(Body&& body, Fallback&& fallback, Unconnected&& unconnected) noexcept {
+  return Guarded<R>(
+      [&]() -> R {
+        std::lock_guard lock(ConnectionMutex());
+        if (!IsConnected()) return std::forward<Unconnected>(unconnected)();
+        return std::forward<Body>(body)();
+      },
+      std::forward<Fallback>(fallback));
 }
 
 }  // namespace ostrel

@@ -1,31 +1,49 @@
 // Module lifecycle: Ostrel_Init builds the vocabulary tables and connects; Ostrel_UnInit lets go of Photoshop.
-#include "ostrel/lifecycle.h"
+#include "frame/lifecycle.h"
+
+#include <algorithm>
+#include <iterator>
 
 #include "frame/connection.h"
-#include "frame/guard.h"
+#include "platform/portable/portable_backends.h"
 #include "vocabulary/layer_filter_table.h"
 #include "vocabulary/tool_table.h"
 #include "vocabulary/top_menu_table.h"
 
 namespace ostrel {
 
-// Builds the three tables that need building, in the order tool, top menu, filter. Each builder empties its
-// table first, so calling this again gives the same tables.
-void BuildTables() {
-  BuildToolTable();
+int InitLibrary() {
+  BuildToolTable();  // whether or not Photoshop can be reached
   BuildTopMenuTable();
   BuildLayerFilterTable();
+  return ConnectPhotoshop();
+}
+
+void UnInitLibrary() { ReleasePhotoshop(); }
+
+namespace {
+
+// The keys the library asks its host for.
+constexpr EnTallyKey kKnownKeys[] = {
+    EnTallyKey::kCameraRawMainTabImages, EnTallyKey::kCameraRawSubTabImages, EnTallyKey::kLogDirectory,
+    EnTallyKey::kBarSizesFile,           EnTallyKey::kPhotoshopVersionName,
+};
+
+bool IsKnownKey(int key) noexcept {
+  return std::find(std::begin(kKnownKeys), std::end(kKnownKeys), static_cast<EnTallyKey>(key)) !=
+         std::end(kKnownKeys);
+}
+
+}  // namespace
+
+int SetHostParameter(int key, const wchar_t* value) {
+  if (!IsKnownKey(key)) return 0;  // a key the library never asks for: nothing to set
+  if (value == nullptr) {
+    DefaultParameters().Erase(static_cast<EnTallyKey>(key));
+  } else {
+    DefaultParameters().Set(static_cast<EnTallyKey>(key), value);
+  }
+  return 1;
 }
 
 }  // namespace ostrel
-
-OSTREL_API int Ostrel_Init() noexcept {
-  return ostrel::Guarded(0, [] {
-    ostrel::BuildTables();  // whether or not Photoshop can be reached
-    return ostrel::ConnectPhotoshop();
-  });
-}
-
-OSTREL_API void Ostrel_UnInit() noexcept {
-  ostrel::ReleasePhotoshop();  // the tables, the ProgID strings and the thread's COM state stay
-}

@@ -1,7 +1,6 @@
 // The split of a script line into items and the test of one item.
 #include <string_view>
 
-#include "frame/guard.h"
 #include "script/rows.h"
 
 namespace ostrel {
@@ -21,16 +20,14 @@ Items SplitLine(std::wstring_view line) {
   }
 }
 
+void SplitLineInto(std::wstring_view line, Items& items) {
+  items.clear();
+  items = SplitLine(line);
+}
+
+int IsItemAt(const Items& items, int index, std::wstring_view text) noexcept {
+  if (index < 0 || static_cast<size_t>(index) >= items.size()) return 0;
+  return items[static_cast<size_t>(index)] == text ? 1 : 0;
+}
+
 }  // namespace ostrel
-
-OSTREL_API void Ostrel_ParseItem(std::wstring strLine, std::vector<std::wstring>& vecItems) noexcept {
-  ostrel::GuardedVoid([&] {
-    vecItems.clear();
-    vecItems = ostrel::SplitLine(strLine);
-  });
-}
-
-OSTREL_API int Ostrel_IsItem(std::vector<std::wstring> vecItems, int nIndex, std::wstring strText) noexcept {
-  if (nIndex < 0 || static_cast<size_t>(nIndex) >= vecItems.size()) return 0;
-  return vecItems[static_cast<size_t>(nIndex)] == strText ? 1 : 0;
-}

@@ -39,10 +39,22 @@ int ParseVerboseRow(const Items& items, tagVantoScript& script);
 // Splits a line at every comma, empty fields included; an empty line gives no items.
 Items SplitLine(std::wstring_view line);
 
+// The export's split: items emptied first, then filled with the items of the line.
+void SplitLineInto(std::wstring_view line, Items& items);
+
+// 1 if the item at index exists and equals text exactly, else 0.
+int IsItemAt(const Items& items, int index, std::wstring_view text) noexcept;
+
 // True if the word is a keyword of the dispatcher, exactly (whole and with regard to case).
 bool IsScriptKeyword(std::wstring_view word) noexcept;
 
 // The dispatcher over items: empties the record, finds the keyword and runs its row.
 int DispatchScript(const Items& items, tagVantoScript& script);
+
+// The dispatcher over a whole line.
+int DispatchLine(std::wstring_view line, tagVantoScript& script);
+
+// What a parse that failed inside a row gives: result 0 and an empty record.
+int FailedParse(tagVantoScript& script) noexcept;
 
 }  // namespace ostrel

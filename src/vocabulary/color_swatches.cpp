@@ -1,7 +1,6 @@
 // The colour swatch table and its two exported lookups.
 #include "vocabulary/color_swatches.h"
 
-#include "frame/guard.h"
 #include "ostrel/swatches.h"
 #include "platform/color_text.h"
 
@@ -38,11 +37,3 @@ std::uint32_t SwatchColorOfName(std::wstring_view name) noexcept {
 }
 
 }  // namespace ostrel
-
-OSTREL_API std::wstring Ostrel_PureColorToName(std::uint32_t nColor) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::SwatchNameOfColor(nColor); });
-}
-
-OSTREL_API std::uint32_t Ostrel_PureColorNameToColor(std::wstring strName) noexcept {
-  return ostrel::Guarded(ostrel::kNoColor, [&] { return ostrel::SwatchColorOfName(strName); });
-}

@@ -2,7 +2,6 @@
 // menu positions of four option menus, with their exported lookups.
 #include "vocabulary/dialog_names.h"
 
-#include "frame/guard.h"
 #include "ostrel/filters.h"
 
 namespace ostrel {
@@ -62,85 +61,3 @@ int MenuPosition(OptionMenu menu, int value) noexcept {
 }
 
 }  // namespace ostrel
-
-using ostrel::DialogList;
-using ostrel::DialogName;
-using ostrel::Guarded;
-using ostrel::OptionMenu;
-
-OSTREL_API std::wstring Ostrel_FilterGalleryToName(EnFilterGallery nFilter) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::FilterGallery, nFilter); });
-}
-
-OSTREL_API EnFilterGallery Ostrel_FilterGalleryNameToEnum(std::wstring strName) noexcept {
-  return Guarded(EnFilterGallery{-1},
-                 [&] { return EnFilterGallery{ostrel::DialogNumber(DialogList::FilterGallery, strName)}; });
-}
-
-OSTREL_API std::wstring Ostrel_CameraRawToName(EnCameraRawPanel nPanel) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::CameraRawPanel, nPanel); });
-}
-
-OSTREL_API std::wstring Ostrel_RefineEdgeToName(EnRefineEdge nControl) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::RefineEdgeName(nControl); });
-}
-
-OSTREL_API std::wstring Ostrel_RefineEdgeSubclassToName(EnRefineEdgeSub nSub) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::RefineEdgeSub, nSub); });
-}
-
-OSTREL_API EnRefineEdgeSub Ostrel_IsRefineEdgeSub(EnRefineEdge nControl) noexcept {
-  return Guarded(EnRefineEdgeSub{0}, [&] { return EnRefineEdgeSub{ostrel::RefineEdgeSection(nControl)}; });
-}
-
-OSTREL_API std::wstring Ostrel_RefineEdgeViewToName(EnRefineEdgeView nView) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::RefineEdgeView, nView); });
-}
-
-OSTREL_API std::wstring Ostrel_RefineEdgeIndicateToName(EnRefineEdgeIndicate nIndicate) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::RefineEdgeIndicate, nIndicate); });
-}
-
-OSTREL_API std::wstring Ostrel_RefineEdgeOutputToName(EnRefineEdgeOutput nOutput) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::RefineEdgeOutput, nOutput); });
-}
-
-OSTREL_API std::wstring Ostrel_CropOverlayToName(EnCropOverlayOption nOption) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::CropOverlay, nOption); });
-}
-
-OSTREL_API std::wstring Ostrel_FileTypeToName(EnFileType nType) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::FileType, nType); });
-}
-
-OSTREL_API std::wstring Ostrel_FontAntiAliasToName(EnFontAntiAlias nAntiAlias) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::FontAntiAlias, nAntiAlias); });
-}
-
-OSTREL_API std::wstring Ostrel_ShapeColorToName(EnShapeColorPanel nPanel) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::ShapeColor, nPanel); });
-}
-
-OSTREL_API std::wstring Ostrel_BrushPresetIndexToName(EnBrushPreset nPreset) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::BrushPreset, nPreset); });
-}
-
-OSTREL_API std::wstring Ostrel_CanvasMenuIndexToName(EnCanvasMenu nMenu) noexcept {
-  return Guarded(std::wstring(), [&] { return DialogName(DialogList::CanvasMenu, nMenu); });
-}
-
-OSTREL_API int Ostrel_CropOverlayOptionToMenuIndex(EnCropOverlayOption nOption) noexcept {
-  return Guarded(-1, [&] { return ostrel::MenuPosition(OptionMenu::CropOverlay, nOption); });
-}
-
-OSTREL_API int Ostrel_PathOperationToMenuIndex(EnPathOpertion nOperation) noexcept {
-  return Guarded(-1, [&] { return ostrel::MenuPosition(OptionMenu::PathOperation, nOperation); });
-}
-
-OSTREL_API int Ostrel_AlignDistributeToMenuIndex(EnAlignDistribute nAlign) noexcept {
-  return Guarded(-1, [&] { return ostrel::MenuPosition(OptionMenu::AlignDistribute, nAlign); });
-}
-
-OSTREL_API int Ostrel_ArrangementTypeToMenuIndex(EnArrangementType nType) noexcept {
-  return Guarded(-1, [&] { return ostrel::MenuPosition(OptionMenu::ArrangementType, nType); });
-}

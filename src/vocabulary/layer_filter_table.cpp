@@ -1,9 +1,10 @@
 // The filter table: the filters a smart filter can be, by number and Chinese name, with its exported lookups.
 #include "vocabulary/layer_filter_table.h"
 
+#include "vocabulary/built_table.h"
+
 #include <iterator>
 
-#include "frame/guard.h"
 #include "ostrel/filters.h"
 
 namespace ostrel {
@@ -17,9 +18,9 @@ constexpr LayerFilterRow kLayerFilterRows[] = {
 // No row is linked to its top menu command; the field is kept for the callers that read it.
 constexpr int kNoTopMenu = -1;
 
-// Module-wide, written only by Ostrel_Init; empty until then, so lookups before it find nothing.
-std::vector<LayerFilterInfo>& MutableLayerFilterTable() noexcept {
-  static std::vector<LayerFilterInfo> table;
+// Module-wide, built by Ostrel_Init; empty until then, so lookups before it find nothing.
+BuiltTable<LayerFilterInfo>& TheLayerFilterTable() noexcept {
+  static BuiltTable<LayerFilterInfo> table;
   return table;
 }
 
@@ -35,15 +36,15 @@ const LayerFilterInfo* FindFilter(int filter) noexcept {
 std::span<const LayerFilterRow> LayerFilterRows() noexcept { return kLayerFilterRows; }
 
 void BuildLayerFilterTable() {
-  std::vector<LayerFilterInfo>& table = MutableLayerFilterTable();
-  table.clear();
-  table.reserve(std::size(kLayerFilterRows));
-  for (const LayerFilterRow& row : kLayerFilterRows) {
-    table.push_back({std::wstring(row.strName), row.nFilter, kNoTopMenu});
-  }
+  TheLayerFilterTable().Build([] {
+    std::vector<LayerFilterInfo> rows;
+    rows.reserve(std::size(kLayerFilterRows));
+    for (const LayerFilterRow& row : kLayerFilterRows) rows.push_back({std::wstring(row.strName), row.nFilter, kNoTopMenu});
+    return rows;
+  });
 }
 
-const std::vector<LayerFilterInfo>& LayerFilterTable() noexcept { return MutableLayerFilterTable(); }
+std::span<const LayerFilterInfo> LayerFilterTable() noexcept { return TheLayerFilterTable().Rows(); }
 
 std::wstring LayerFilterName(int filter) {
   const LayerFilterInfo* row = FindFilter(filter);
@@ -63,17 +64,3 @@ int LayerFilterTopMenu(int filter) noexcept {
 }
 
 }  // namespace ostrel
-
-using ostrel::Guarded;
-
-OSTREL_API std::wstring Ostrel_LayerFilterIndexToName(EnLayerFilter nFilter) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::LayerFilterName(nFilter); });
-}
-
-OSTREL_API EnLayerFilter Ostrel_LayerFilterNameToIndex(std::wstring strName) noexcept {
-  return Guarded(EnLayerFilter{-1}, [&] { return EnLayerFilter{ostrel::LayerFilterFromName(strName)}; });
-}
-
-OSTREL_API EnTopMenuIndex Ostrel_LayerFilterIndexToTopMenuIndex(EnLayerFilter nFilter) noexcept {
-  return Guarded(EnTopMenuIndex{-1}, [&] { return EnTopMenuIndex{ostrel::LayerFilterTopMenu(nFilter)}; });
-}

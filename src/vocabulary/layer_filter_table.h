@@ -24,11 +24,11 @@ struct LayerFilterRow {
 
 std::span<const LayerFilterRow> LayerFilterRows() noexcept;
 
-// Empties the table and appends its 58 rows; a second call gives the same table.
+// Builds the table's 58 rows, once: a second call gives the same table and frees nothing.
 void BuildLayerFilterTable();
 
-// The rows as built so far (empty before the first Ostrel_Init).
-const std::vector<LayerFilterInfo>& LayerFilterTable() noexcept;
+// The rows (none before the first Ostrel_Init).
+std::span<const LayerFilterInfo> LayerFilterTable() noexcept;
 
 // The name of the filter, or the empty string.
 std::wstring LayerFilterName(int filter);

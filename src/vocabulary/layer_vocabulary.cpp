@@ -2,7 +2,6 @@
 // adjustment layers, with their exported lookups.
 #include "vocabulary/layer_vocabulary.h"
 
-#include "frame/guard.h"
 #include "ostrel/layers.h"
 
 namespace ostrel {
@@ -73,37 +72,3 @@ std::wstring AdjustLayerEntryName(int adjust, int entry) {
 }
 
 }  // namespace ostrel
-
-using ostrel::Guarded;
-
-OSTREL_API std::wstring Ostrel_LayerBlendToName(EnLayerBlend nBlend) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::LayerBlendName(nBlend); });
-}
-
-OSTREL_API std::wstring LayerMaskToName(EnLayerMask nMask) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::LayerMaskName(nMask); });
-}
-
-OSTREL_API std::wstring Ostrel_LayerMenuIndexToName(EnLayerMenuIndex nIndex) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::LayerMenuName(nIndex); });
-}
-
-OSTREL_API std::wstring Ostrel_LayerStyleIndexToName(EnLayerStyle nStyle) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::LayerStyleName(nStyle); });
-}
-
-OSTREL_API std::wstring Ostrel_LayerStyleMenuIndexToName(EnLayerStyle nStyle) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::LayerStyleName(nStyle); });
-}
-
-OSTREL_API std::wstring Ostrel_AdjustLayerIndexToName(EnAdjustLayer nAdjust) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::AdjustLayerName(nAdjust); });
-}
-
-OSTREL_API std::wstring Ostrel_LayerAdjustMenuIndexToName(EnAdjustLayer nAdjust) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::AdjustLayerName(nAdjust); });
-}
-
-OSTREL_API std::wstring Ostrel_AdjustLayerCmbValueName(EnAdjustLayer nAdjust, int nValue) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::AdjustLayerEntryName(nAdjust, nValue); });
-}

@@ -1,7 +1,6 @@
 // The preset catalogues and their five exported class lookups.
 #include "vocabulary/preset_catalogues.h"
 
-#include "frame/guard.h"
 #include "ostrel/presets.h"
 
 namespace ostrel {
@@ -34,25 +33,3 @@ std::wstring PresetClass(PresetCatalogue catalogue, std::wstring_view name) {
 }
 
 }  // namespace ostrel
-
-using ostrel::PresetCatalogue;
-
-OSTREL_API std::wstring Ostrel_GetBrushPresetClass(std::wstring strName) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::PresetClass(PresetCatalogue::Brush, strName); });
-}
-
-OSTREL_API std::wstring Ostrel_GetColorPresetClass(std::wstring strName) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::PresetClass(PresetCatalogue::Color, strName); });
-}
-
-OSTREL_API std::wstring Ostrel_GetGradientPresetClass(std::wstring strName) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::PresetClass(PresetCatalogue::Gradient, strName); });
-}
-
-OSTREL_API std::wstring Ostrel_GetPatternPresetClass(std::wstring strName) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::PresetClass(PresetCatalogue::Pattern, strName); });
-}
-
-OSTREL_API std::wstring Ostrel_GetShapePresetClass(std::wstring strName) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::PresetClass(PresetCatalogue::Shape, strName); });
-}

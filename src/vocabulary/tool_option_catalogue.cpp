@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "frame/guard.h"
 
 namespace ostrel {
 namespace {
@@ -54,25 +53,3 @@ std::wstring ToolOptionUnit(long long id) {
 }
 
 }  // namespace ostrel
-
-using ostrel::Guarded;
-
-OSTREL_API EnToolIndex Ostrel_ToolFeaturesIDToToolIndex(EnToolFeatures nID) noexcept {
-  return Guarded(EnToolIndex{-1}, [&] { return EnToolIndex{ostrel::ToolOptionOwner(nID)}; });
-}
-
-OSTREL_API EnToolFearuesType Ostrel_GetToolFeaturesType(EnToolFeatures nID) noexcept {
-  return Guarded(EnToolFearuesType{-1}, [&] { return EnToolFearuesType{ostrel::ToolOptionKind(nID)}; });
-}
-
-OSTREL_API std::wstring Ostrel_ToolFeaturesToStringID(unsigned int nID) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolOptionKey(nID); });
-}
-
-OSTREL_API std::wstring Ostrel_GetToolFeaturesValueUnits(EnToolFeatures nID) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolOptionUnit(nID); });
-}
-
-OSTREL_API int Ostrel_SetToolFeatures(EnToolFeatures, int) noexcept {
-  return Guarded(1, [] { return 1; });
-}

@@ -29,4 +29,7 @@ int ToolOptionKind(long long id) noexcept;
 std::wstring ToolOptionKey(long long id);
 std::wstring ToolOptionUnit(long long id);
 
+// Writing an option isn't offered: the request is taken and ignored, and the answer is 1.
+inline int IgnoreToolOptionWrite(int /*id*/, int /*value*/) noexcept { return 1; }
+
 }  // namespace ostrel

@@ -1,7 +1,6 @@
 // The words of the tool options and of Photoshop's default gradients and patterns, and their exports.
 #include "vocabulary/tool_option_names.h"
 
-#include "frame/guard.h"
 #include "ostrel/tool_options.h"
 #include "platform/text.h"
 
@@ -102,21 +101,3 @@ std::wstring DefaultGradientName(std::wstring_view name) {
 }
 
 }  // namespace ostrel
-
-using ostrel::Guarded;
-
-OSTREL_API std::wstring Ostrel_ToolFeaturesToName(unsigned int nID, std::wstring strValue) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolOptionName(nID, strValue); });
-}
-
-OSTREL_API std::wstring Ostrel_ToolFeaturesValueToName(unsigned int nID, std::wstring strValue) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolOptionValueName(nID, strValue); });
-}
-
-OSTREL_API std::wstring Ostrel_TransfPatternName(std::wstring strName) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::DefaultPatternName(strName); });
-}
-
-OSTREL_API std::wstring Ostrel_TransfGradualName(std::wstring strName) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::DefaultGradientName(strName); });
-}

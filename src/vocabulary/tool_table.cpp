@@ -1,9 +1,10 @@
 // The tool table: Photoshop's tools by number, tool id and Chinese name, and the six exported conversions.
 #include "vocabulary/tool_table.h"
 
+#include "vocabulary/built_table.h"
+
 #include <string_view>
 
-#include "frame/guard.h"
 
 namespace ostrel {
 namespace {
@@ -19,9 +20,9 @@ constexpr ToolRow kToolRows[] = {
 #include "vocabulary/tools.def"
 };
 
-// Module-wide, written only by Ostrel_Init; empty until then, so lookups before it find nothing.
-std::vector<tagToolInfo>& MutableToolTable() noexcept {
-  static std::vector<tagToolInfo> table;
+// Module-wide, built by Ostrel_Init; empty until then, so lookups before it find nothing.
+BuiltTable<tagToolInfo>& TheToolTable() noexcept {
+  static BuiltTable<tagToolInfo> table;
   return table;
 }
 
@@ -37,13 +38,15 @@ const tagToolInfo* FindTool(Pred matches) noexcept {
 }  // namespace
 
 void BuildToolTable() {
-  std::vector<tagToolInfo>& table = MutableToolTable();
-  table.clear();
-  table.reserve(std::size(kToolRows));
-  for (const ToolRow& row : kToolRows) table.push_back({row.index, row.nameEN, row.nameCN});
+  TheToolTable().Build([] {
+    std::vector<tagToolInfo> rows;
+    rows.reserve(std::size(kToolRows));
+    for (const ToolRow& row : kToolRows) rows.push_back({row.index, row.nameEN, row.nameCN});
+    return rows;
+  });
 }
 
-const std::vector<tagToolInfo>& ToolTable() noexcept { return MutableToolTable(); }
+std::span<const tagToolInfo> ToolTable() noexcept { return TheToolTable().Rows(); }
 
 int ToolIndexFromNameCN(std::wstring_view nameCN) noexcept {
   const tagToolInfo* row = FindTool([&](const tagToolInfo& r) { return r.strNameCN == nameCN; });
@@ -76,29 +79,3 @@ std::wstring ToolNameENFromCN(std::wstring_view nameCN) {
 }
 
 }  // namespace ostrel
-
-using ostrel::Guarded;
-
-OSTREL_API EnToolIndex Ostrel_ToolNameCNToIndex(std::wstring strNameCN) noexcept {
-  return EnToolIndex{ostrel::ToolIndexFromNameCN(strNameCN)};
-}
-
-OSTREL_API EnToolIndex Ostrel_ToolNameENToIndex(std::wstring strNameEN) noexcept {
-  return EnToolIndex{ostrel::ToolIndexFromNameEN(strNameEN)};
-}
-
-OSTREL_API std::wstring Ostrel_ToolIndexToNameCN(EnToolIndex nIndex) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolNameCN(nIndex); });
-}
-
-OSTREL_API std::wstring Ostrel_ToolIndexToNameEN(EnToolIndex nIndex) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolNameEN(nIndex); });
-}
-
-OSTREL_API std::wstring Ostrel_ToolNameENToNameCN(std::wstring strNameEN) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolNameCNFromEN(strNameEN); });
-}
-
-OSTREL_API std::wstring Ostrel_ToolNameCNToNameEN(std::wstring strNameCN) noexcept {
-  return Guarded(std::wstring(), [&] { return ostrel::ToolNameENFromCN(strNameCN); });
-}

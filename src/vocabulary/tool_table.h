@@ -1,6 +1,7 @@
 // The tool table as the rest of the library sees it: built by Ostrel_Init, searched linearly from row 0.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,11 +16,11 @@ struct tagToolInfo {
   std::wstring strNameCN;  // the name the learner reads
 };
 
-// Empties the table and appends its 73 rows in search order; a second call gives the same table.
+// Builds the table's 73 rows in search order, once: a second call gives the same table and frees nothing.
 void BuildToolTable();
 
-// The rows as built so far (empty before the first Ostrel_Init).
-const std::vector<tagToolInfo>& ToolTable() noexcept;
+// The rows (none before the first Ostrel_Init).
+std::span<const tagToolInfo> ToolTable() noexcept;
 
 // The six conversions. Each walks the rows from the first and stops at the first match; names compare whole
 // and with regard to case. Nothing found gives -1 or the empty string.

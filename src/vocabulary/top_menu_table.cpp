@@ -1,10 +1,11 @@
 // The top menu table: menu bar commands by number, their path through the menus and their history names.
 #include "vocabulary/top_menu_table.h"
 
+#include "vocabulary/built_table.h"
+
 #include <iterator>
 #include <utility>
 
-#include "frame/guard.h"
 
 namespace ostrel {
 namespace {
@@ -19,9 +20,9 @@ constexpr TopMenuHistoryRow kHistoryOnlyRows[] = {
 #include "vocabulary/top_menus.def"
 };
 
-// Module-wide, written only by Ostrel_Init; empty until then, so lookups before it find nothing.
-std::vector<tagTopMenuInfo>& MutableTopMenuTable() noexcept {
-  static std::vector<tagTopMenuInfo> table;
+// Module-wide, built by Ostrel_Init; empty until then, so lookups before it find nothing.
+BuiltTable<tagTopMenuInfo>& TheTopMenuTable() noexcept {
+  static BuiltTable<tagTopMenuInfo> table;
   return table;
 }
 
@@ -31,16 +32,18 @@ std::span<const TopMenuRow> TopMenuRows() noexcept { return kTopMenuRows; }
 std::span<const TopMenuHistoryRow> TopMenuHistoryOnlyRows() noexcept { return kHistoryOnlyRows; }
 
 void BuildTopMenuTable() {
-  std::vector<tagTopMenuInfo>& table = MutableTopMenuTable();
-  table.clear();
-  table.reserve(std::size(kTopMenuRows));
-  for (const TopMenuRow& row : kTopMenuRows) {
-    table.push_back({EnTopMenuIndex{row.nIndex}, std::wstring(row.strMenu1), std::wstring(row.strMenu2),
-                     std::wstring(row.strMenu3)});
-  }
+  TheTopMenuTable().Build([] {
+    std::vector<tagTopMenuInfo> rows;
+    rows.reserve(std::size(kTopMenuRows));
+    for (const TopMenuRow& row : kTopMenuRows) {
+      rows.push_back({EnTopMenuIndex{row.nIndex}, std::wstring(row.strMenu1), std::wstring(row.strMenu2),
+                      std::wstring(row.strMenu3)});
+    }
+    return rows;
+  });
 }
 
-const std::vector<tagTopMenuInfo>& TopMenuTable() noexcept { return MutableTopMenuTable(); }
+std::span<const tagTopMenuInfo> TopMenuTable() noexcept { return TheTopMenuTable().Rows(); }
 
 const tagTopMenuInfo* FindTopMenu(int index) noexcept {
   for (const tagTopMenuInfo& row : TopMenuTable()) {
@@ -59,18 +62,12 @@ std::wstring TopMenuHistoryName(int index) {
   return {};
 }
 
+int CopyTopMenuInfo(int index, tagTopMenuInfo& info) {
+  const tagTopMenuInfo* row = FindTopMenu(index);
+  if (row == nullptr) return 0;
+  tagTopMenuInfo copy = *row;  // copied first, so a failed copy leaves the caller's record as it was
+  info = std::move(copy);
+  return 1;
+}
+
 }  // namespace ostrel
-
-OSTREL_API int Ostrel_TopMenuIndexToName(EnTopMenuIndex nIndex, tagTopMenuInfo& info) noexcept {
-  return ostrel::Guarded(0, [&] {
-    const tagTopMenuInfo* row = ostrel::FindTopMenu(nIndex);
-    if (row == nullptr) return 0;
-    tagTopMenuInfo copy = *row;  // copied first, so a failed copy leaves the caller's record as it was
-    info = std::move(copy);
-    return 1;
-  });
-}
-
-OSTREL_API std::wstring Ostrel_TopMenuToHistoryName(EnTopMenuIndex nIndex) noexcept {
-  return ostrel::Guarded(std::wstring(), [&] { return ostrel::TopMenuHistoryName(nIndex); });
-}

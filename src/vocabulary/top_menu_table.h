@@ -30,14 +30,17 @@ struct TopMenuHistoryRow {
 std::span<const TopMenuRow> TopMenuRows() noexcept;
 std::span<const TopMenuHistoryRow> TopMenuHistoryOnlyRows() noexcept;
 
-// Empties the table and appends its 133 rows; a second call gives the same table.
+// Builds the table's 133 rows, once: a second call gives the same table and frees nothing.
 void BuildTopMenuTable();
 
-// The rows as built so far (empty before the first Ostrel_Init).
-const std::vector<tagTopMenuInfo>& TopMenuTable() noexcept;
+// The rows (none before the first Ostrel_Init).
+std::span<const tagTopMenuInfo> TopMenuTable() noexcept;
 
 // The built row with the number, or nullptr.
 const tagTopMenuInfo* FindTopMenu(int index) noexcept;
+
+// Copies the built row with the number into info and gives 1; 0, with info untouched, when there is none.
+int CopyTopMenuInfo(int index, tagTopMenuInfo& info);
 
 // The history name of the number, from the constant rows; the empty string if it has none.
 std::wstring TopMenuHistoryName(int index);

@@ -348,6 +348,11 @@ void ProcessParameters::Set(EnTallyKey key, std::wstring value) {
   m_values[static_cast<int32_t>(key)] = std::move(value);
 }
 
+void ProcessParameters::Erase(EnTallyKey key) {
+  std::lock_guard lock(m_mutex);
+  m_values.erase(static_cast<int32_t>(key));
+}
+
 void ProcessParameters::Clear() {
   std::lock_guard lock(m_mutex);
   m_values.clear();

@@ -110,6 +110,8 @@ class ProcessParameters final : public IParameters {
  public:
   std::wstring GetString(EnTallyKey key) override;
   void Set(EnTallyKey key, std::wstring value);
+  // Takes back what Set gave the key: the environment variable (or nothing) answers again.
+  void Erase(EnTallyKey key);
   void Clear();
 
  private:
