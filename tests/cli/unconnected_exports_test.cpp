@@ -1,10 +1,16 @@
-// Every callable export, run with its sample arguments (which must fit its signature) while the library isn't
-// connected, makes no automation call: the connection is tested before anything reaches Photoshop.
+// Every export, run with its sample arguments (which must fit its signature) while the library isn't connected,
+// makes no automation call, and every export that talks to Photoshop gives the unconnected answer of its row in
+// the export table. The rows come from the table itself, so a new export is checked as soon as it has its row.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+#include <type_traits>
+
 #include "calls.h"
-#include "ostrel/lifecycle.h"
+#include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "simulator/photoshop.h"
 
 namespace ostrel::cli {
@@ -14,20 +20,52 @@ std::filesystem::path Scenario(const char* name) {
   return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
 }
 
-// Runs every export but Ostrel_Init once and gives the names of those that made automation calls.
+// A result as `ostrel call` prints it, for the kinds of unconnected answers the table holds.
+template <class R, class Value>
+std::string Printed(Value value) {
+  if constexpr (std::is_void_v<R>) {
+    return "null";
+  } else if constexpr (std::is_same_v<R, std::wstring>) {
+    return "\"" + ToUtf8(std::wstring(value())) + "\"";
+  } else {
+    return std::to_string(static_cast<long long>(static_cast<R>(value())));
+  }
+}
+
+// The unconnected answer of every Photoshop export, by name.
+const std::map<std::string, std::string>& UnconnectedAnswers() {
+  static const std::map<std::string, std::string> answers = {
+#define OSTREL_EXPORT(family, R, name, parameters, body, onFailure)
+#define OSTREL_PS_EXPORT(family, R, name, parameters, body, onFailure, unconnected) \
+  {#name, Printed<R>([] { return unconnected; })},
+#include "frame/exports.def"
+#undef OSTREL_EXPORT
+#undef OSTREL_PS_EXPORT
+  };
+  return answers;
+}
+
+// Runs every export but Ostrel_Init once; gives the names of those that made automation calls, and checks the
+// answer of each Photoshop export.
 std::vector<std::string> ExportsThatCalled(sim::SimulatedPhotoshop& photoshop) {
   std::vector<std::string> called;
   for (const CallEntry& entry : AllCalls()) {
     if (entry.name == "Ostrel_Init") continue;
+    SCOPED_TRACE(entry.signature);
     photoshop.ResetCalls();
     std::string answer, error;
-    EXPECT_TRUE(entry.invoke(entry.sampleArgs, answer, error)) << entry.signature << ": " << error;  // samples fit
+    EXPECT_TRUE(entry.invoke(entry.sampleArgs, answer, error)) << error;  // the samples fit
     if (photoshop.Calls() != 0) called.push_back(entry.name);
+    const auto unconnected = UnconnectedAnswers().find(entry.name);
+    if (unconnected != UnconnectedAnswers().end()) {
+      EXPECT_EQ(answer.rfind("{\"result\": " + unconnected->second, 0), 0u) << answer;
+    }
   }
   return called;
 }
 
 TEST(UnconnectedExportsTest, BeforeInitAndAfterUnInitNothingReachesPhotoshop) {
+  ASSERT_FALSE(UnconnectedAnswers().empty());
   sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
   ScopedPlatform platform(Platform{.automation = &photoshop});
   Ostrel_UnInit();
@@ -37,6 +75,34 @@ TEST(UnconnectedExportsTest, BeforeInitAndAfterUnInitNothingReachesPhotoshop) {
   Ostrel_UnInit();
   EXPECT_EQ(photoshop.LiveObjects(), 0);  // nothing is left alive either
   EXPECT_EQ(ExportsThatCalled(photoshop), std::vector<std::string>{});
+}
+
+// Connected, the same Photoshop exports do reach Photoshop: the unconnected answer above is not simply what they
+// always give.
+TEST(UnconnectedExportsTest, ConnectedThePhotoshopExportsCallPhotoshop) {
+  sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
+  ScopedPlatform platform(Platform{.automation = &photoshop});
+  ASSERT_EQ(Ostrel_Init(), 1);
+  for (const CallEntry& entry : AllCalls()) {
+    if (!UnconnectedAnswers().count(entry.name)) continue;
+    SCOPED_TRACE(entry.signature);
+    photoshop.ResetCalls();
+    std::string answer, error;
+    EXPECT_TRUE(entry.invoke(entry.sampleArgs, answer, error)) << error;
+    EXPECT_GT(photoshop.Calls(), 0);
+  }
+  Ostrel_UnInit();
+}
+
+TEST(ParameterNamesTest, NamesComeFromTheTablesParameterLists) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"()", {}},
+      {"(int key, const wchar_t* value)", {"key", "value"}},
+      {"(std::wstring line, std::vector<std::wstring>& items)", {"line", "items"}},
+      {"(std::vector<std::wstring> items, tagVantoScript& script)", {"items", "script"}},
+      {"(EnAdjustLayer nAdjust, int nValue)", {"nAdjust", "nValue"}},
+  };
+  for (const auto& [list, names] : cases) EXPECT_EQ(ParameterNames(list), names) << list;
 }
 
 }  // namespace
