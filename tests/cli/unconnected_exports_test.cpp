@@ -20,7 +20,8 @@ std::vector<std::string> ExportsThatCalled(sim::SimulatedPhotoshop& photoshop) {
   for (const CallEntry& entry : AllCalls()) {
     if (entry.name == "Ostrel_Init") continue;
     photoshop.ResetCalls();
-    std::string answer, error;
+    Json answer;
+    std::string error;
     EXPECT_TRUE(entry.invoke(entry.sampleArgs, answer, error)) << entry.signature << ": " << error;  // samples fit
     if (photoshop.Calls() != 0) called.push_back(entry.name);
   }
