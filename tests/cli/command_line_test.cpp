@@ -19,6 +19,8 @@ struct ParamCase {
   std::map<int, std::wstring> params;  // what the library is given
 };
 
+void PrintTo(const ParamCase& c, std::ostream* os) { *os << c.name; }
+
 class ParamTest : public ::testing::TestWithParam<ParamCase> {};
 
 TEST_P(ParamTest, ReachesTheLibraryAsGiven) {
@@ -46,6 +48,8 @@ struct BadCase {
   std::vector<std::string> args;
   const char* named;  // the message names this
 };
+
+void PrintTo(const BadCase& c, std::ostream* os) { *os << c.name; }
 
 class BadCommandLineTest : public ::testing::TestWithParam<BadCase> {};
 

@@ -59,6 +59,7 @@ TEST(LessonTest, LineEndsAreNotFieldContent) {
       {"\r\n", {L""}},
       {"\n\n", {L"", L""}},
       {"羽化\r\n😀,背景", {L"羽化", FromUtf8("😀,背景")}},
+      {"上不\n不上", {L"上不", L"不上"}},  // U+4E0A and U+4E0D hold the bytes 0A and 0D in UTF-16LE
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::PrintToString(std::string(c.utf8)));
@@ -81,6 +82,8 @@ struct BadBytesCase {
   size_t offset;
   std::wstring text;  // the line as shown, the invalid bytes as \xNN
 };
+
+void PrintTo(const BadBytesCase& c, std::ostream* os) { *os << c.name; }
 
 class BadBytesTest : public ::testing::TestWithParam<BadBytesCase> {};
 
