@@ -113,6 +113,7 @@ bool LooksLikeOption(const std::string& word) {
 std::vector<std::string> ReadCallArguments(std::vector<std::string> words, GlobalOptions& options) {
   CLI::App tail("", "call");
   tail.set_help_flag();  // -h and --help after NAME are the export's arguments
+  tail.allow_windows_style_options(false);
   tail.allow_extras();
   AddGlobalOptions(tail, options);
   std::reverse(words.begin(), words.end());  // CLI11 takes the words last first
@@ -123,73 +124,90 @@ std::vector<std::string> ReadCallArguments(std::vector<std::string> words, Globa
   return arguments;
 }
 
-}  // namespace
+// The tool's commands and options, bound to the fields of a CommandLine and to the global options of each place.
+struct ToolDefinition {
+  CLI::App app{"ostrel: the command line face of OstrelCore for lesson authors and lesson player developers",
+               "ostrel"};
+  CLI::App* parse = nullptr;
+  CLI::App* call = nullptr;
+  CLI::App* lint = nullptr;
+  GlobalOptions rootOptions, callOptions, tailOptions;  // before NAME of call, between call and NAME, after NAME
+};
 
-std::optional<int> ReadCommandLine(const std::vector<std::string>& args, CommandLine& line, std::string& message) {
-  CLI::App app("ostrel: the command line face of OstrelCore for lesson authors and lesson player developers",
-               "ostrel");
-  app.set_version_flag("--version", std::string("ostrel ") + OSTREL_VERSION);
-  app.require_subcommand(0, 1);
-  app.fallthrough();  // the options of every command also after the command's name
-  app.footer(kFooter);
-  GlobalOptions rootOptions, callOptions, tailOptions;
-  AddGlobalOptions(app, rootOptions);
+void Define(ToolDefinition& tool, CommandLine& line) {
+  tool.app.allow_windows_style_options(false);  // a path such as /tmp/a.lesson is no /option, on Windows too
+  tool.app.set_version_flag("--version", std::string("ostrel ") + OSTREL_VERSION);
+  tool.app.require_subcommand(0, 1);  // one command: a second command's name is a word like any other
+  tool.app.fallthrough();             // the options of every command also after the command's name
+  tool.app.footer(kFooter);
+  AddGlobalOptions(tool.app, tool.rootOptions);
 
-  CLI::App* parse = app.add_subcommand(
+  tool.parse = tool.app.add_subcommand(
       "parse", "turn every line of a lesson script into its result, title and sentence; - or none: standard input");
-  parse->add_flag("--json", line.parse.bJson, "print one JSON object per line");
-  AddEncodingOption(*parse, line.parse.encoding);
-  parse->add_option("FILE", line.parse.path, "the lesson file");
+  tool.parse->add_flag("--json", line.parse.bJson, "print one JSON object per line");
+  AddEncodingOption(*tool.parse, line.parse.encoding);
+  tool.parse->add_option("FILE", line.parse.path, "the lesson file");
 
-  CLI::App* call = app.add_subcommand(
+  tool.call = tool.app.add_subcommand(
       "call", "call one exported function after Ostrel_Init and print a JSON object with \"result\" and each "
               "out-parameter; an ARG that parses as JSON is taken as that value, anything else as a plain string");
-  call->fallthrough(false);  // everything after NAME is read by ReadCallArguments
-  call->prefix_command();
-  AddGlobalOptions(*call, callOptions);
-  call->add_flag("--list", line.call.bList, "list every callable export with its signature");
-  call->footer("ostrel call [OPTIONS] NAME [ARG...]: every word after NAME that isn't one of the options above is an "
-               "argument of the export, in order (after --, every word is).\n");
+  tool.call->fallthrough(false);  // NAME and every word after it are left for ReadCallWords
+  tool.call->prefix_command();
+  AddGlobalOptions(*tool.call, tool.callOptions);
+  tool.call->add_flag("--list", line.call.bList, "list every callable export with its signature");
+  tool.call->footer("ostrel call [OPTIONS] NAME [ARG...]: every word after NAME that isn't one of the options above "
+                    "is an argument of the export, in order (after --, every word is).\n");
 
-  CLI::App* lint = app.add_subcommand(
+  tool.lint = tool.app.add_subcommand(
       "lint", "check lessons: report, with file and line, every line that isn't understood, has an unknown code or "
               "bytes that aren't valid in its encoding; exit 0 when clean, 1 when a line was reported, 2 when a "
               "file can't be read");
-  lint->add_flag("--json", line.lint.bJson, "print one JSON object with the findings and a summary");
-  AddEncodingOption(*lint, line.lint.encoding);
-  lint->add_option("FILE", line.lint.paths, "lesson files");
+  tool.lint->add_flag("--json", line.lint.bJson, "print one JSON object with the findings and a summary");
+  AddEncodingOption(*tool.lint, line.lint.encoding);
+  tool.lint->add_option("FILE", line.lint.paths, "lesson files");
+}
 
+// The words that `call` left: NAME, then the export's arguments among which our options may stand.
+void ReadCallWords(ToolDefinition& tool, CommandLine& line) {
+  const std::vector<std::string> words = tool.call->remaining();
+  if (line.call.bList) {
+    if (!words.empty()) throw CLI::ExtrasError({words.rbegin(), words.rend()});  // it lists them last first
+    return;
+  }
+  if (words.empty()) throw CLI::ArgumentMismatch("call wants the NAME of an export (ostrel call --list)");
+  if (LooksLikeOption(words[0])) throw CLI::ExtrasError({words[0]});
+  line.call.name = words[0];
+  line.call.words = ReadCallArguments({words.begin() + 1, words.end()}, tool.tailOptions);
+}
+
+}  // namespace
+
+std::optional<int> ReadCommandLine(const std::vector<std::string>& args, CommandLine& line, std::string& message) {
+  ToolDefinition tool;
+  Define(tool, line);
   try {
     std::vector<std::string> words(args.rbegin(), args.rend());  // CLI11 takes the words last first
-    app.parse(words);
-    std::vector<std::string> callWords = call->remaining();
-    if (call->parsed() && !line.call.bList) {
-      if (callWords.empty()) throw CLI::ArgumentMismatch("call wants the NAME of an export (ostrel call --list)");
-      if (LooksLikeOption(callWords[0])) throw CLI::ExtrasError({callWords[0]});
-      line.call.name = callWords[0];
-      line.call.words = ReadCallArguments({callWords.begin() + 1, callWords.end()}, tailOptions);
-    } else if (call->parsed() && !callWords.empty()) {
-      throw CLI::ExtrasError({callWords.rbegin(), callWords.rend()});  // it lists them last first
-    }
+    tool.app.parse(words);
+    if (tool.call->parsed()) ReadCallWords(tool, line);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) {  // --help or --version
       std::ostringstream out, err;
-      app.exit(error, out, err);
+      tool.app.exit(error, out, err);
       message = out.str();
       return 0;
     }
     message = std::string("ostrel: ") + error.what() + "\nRun ostrel --help for the commands and options.\n";
     return 2;
   }
-  if (parse->parsed()) line.command = CommandLine::Command::kParse;
-  else if (call->parsed()) line.command = CommandLine::Command::kCall;
-  else if (lint->parsed()) line.command = CommandLine::Command::kLint;
+  if (tool.parse->parsed()) line.command = CommandLine::Command::kParse;
+  else if (tool.call->parsed()) line.command = CommandLine::Command::kCall;
+  else if (tool.lint->parsed()) line.command = CommandLine::Command::kLint;
   else {
-    message = app.help();
+    message = tool.app.help();
     return 2;
   }
   std::string error;
-  if (!MergeOptions({&rootOptions, &callOptions, &tailOptions}, line, error)) {
+  if (!MergeOptions({&tool.rootOptions, &tool.callOptions, &tool.tailOptions}, line, error)) {
     message = "ostrel: " + error + "\n";
     return 2;
   }

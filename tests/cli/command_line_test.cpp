@@ -100,6 +100,7 @@ TEST(CommandLineTest, CallArgumentsKeepTheirOrder) {
       {{"call", "X", "--count-calls", "-", "--", "--param", "1=a"}, "X", {"-", "--param", "1=a"}, true},
       {{"--count-calls", "call", "parse"}, "parse", {}, true},
       {{"call", "--count-calls", "Y", "[1, 2]"}, "Y", {"[1, 2]"}, true},
+      {{"call", "/Y", "/count-calls"}, "/Y", {"/count-calls"}, false},  // no /options, on Windows neither
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::PrintToString(c.args));
@@ -125,9 +126,10 @@ TEST(CommandLineTest, OptionsBeforeOrAfterTheCommand) {
   EXPECT_EQ(line.lint.encoding, LessonEncoding::kGbk);
   EXPECT_EQ(line.photoshop, "s.json");
   line = CommandLine();
-  ASSERT_EQ(ReadCommandLine({"parse", "-", "--encoding", "utf-16le", "--photoshop", "t.json"}, line, message),
-            std::nullopt);
-  EXPECT_EQ(line.parse.path, "-");
+  ASSERT_EQ(ReadCommandLine({"parse", "/a.lesson", "--encoding", "utf-16le", "--photoshop", "t.json"}, line, message),
+            std::nullopt)
+      << message;
+  EXPECT_EQ(line.parse.path, "/a.lesson");
   EXPECT_EQ(line.parse.encoding, LessonEncoding::kUtf16Le);
   EXPECT_EQ(line.photoshop, "t.json");
 }

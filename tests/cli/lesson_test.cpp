@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "json.h"
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "run_in_process.h"
@@ -189,7 +190,7 @@ TEST(LessonFileTest, BrokenByteIsReportedNotReplaced) {
             std::string::npos)
       << run.out;
   run = RunInProcess({"lint", "--json", path});
-  EXPECT_NE(run.out.find(R"({"file": ")" + path + R"(", "line": 2, "kind": "bad-encoding", )"
+  EXPECT_NE(run.out.find(R"({"file": )" + RenderJson(Json(path)) + R"(, "line": 2, "kind": "bad-encoding", )"
                          R"("reason": "the first at byte offset 17", "text": "LAYER,8,2,\\xb1\\xb3\\xbe\\xb0", )"
                          R"("title": "", "detail": "", "offset": 17})"),
             std::string::npos)
