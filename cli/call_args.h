@@ -1,10 +1,15 @@
-// How `ostrel call` turns JSON arguments into the parameters of an export, and results back into JSON.
-// Each parameter type has an ArgTraits specialisation: kName for the signature, FromJson for a parameter taken
-// from the command line, ToJson for the result and for out-parameters (non-const references).
+// How `ostrel call` turns command line arguments into the parameters of an export, and results back into JSON.
+// Each parameter type has an ArgTraits specialisation: kName for the signature, FromArg for a parameter taken
+// from the command line, ToJson for the result and for out-parameters (non-const references). A type whose
+// parameter can't be held as its own value (a pointer to text) names a Storage type that holds it for the call
+// and a Pass function that gives the parameter from it, and a Sample for callers that run every export once.
 #pragma once
 
+#include <cmath>
+#include <optional>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "json.h"
@@ -14,136 +19,180 @@
 
 namespace ostrel::cli {
 
+// One argument of `ostrel call`: the word parsed as JSON (a JSON string of the word when it isn't JSON), and the
+// word as typed, so that a text parameter given 1.50 gets "1.50" and not the number's JSON form.
+struct CallArg {
+  Json value;
+  std::string typed;
+};
+
+// The argument for one command line word.
+CallArg ArgumentFromWord(const std::string& word);
+
+// The argument for a JSON value that wasn't typed as a word of its own (an item of an array, a sample): its text
+// is the string itself, or the value as JSON writes it.
+CallArg ArgumentFromJson(Json value);
+
+// A JSON number with no fraction, within the range where a double holds every whole number (1e2 counts, 2.5
+// doesn't); nothing for anything else.
+std::optional<long long> WholeNumber(const Json& value);
+
 template <class T, class Enable = void>
 struct ArgTraits;
 
 template <>
 struct ArgTraits<int> {
   static constexpr const char* kName = "int";
-  static bool FromJson(const Json& json, int& out, std::string& error) {
-    if (!json.IsInteger() || json.number < -2147483648.0 || json.number > 2147483647.0) {
-      error = "expects a whole number, got " + (json.text.empty() ? std::string("a non-number") : json.text);
+  static bool FromArg(const CallArg& arg, int& out, std::string& error) {
+    const std::optional<long long> number = WholeNumber(arg.value);
+    if (!number || *number < -2147483648LL || *number > 2147483647LL) {
+      error = "expects a whole number, got " + arg.typed;
       return false;
     }
-    out = static_cast<int>(json.number);
+    out = static_cast<int>(*number);
     return true;
   }
-  static std::string ToJson(int value) { return std::to_string(value); }
+  static Json ToJson(int value) { return value; }
 };
 
 // An unsigned 32-bit id: a negative number is taken as its two's complement, as a caller passing -1 gets.
 template <>
 struct ArgTraits<unsigned int> {
   static constexpr const char* kName = "uint";
-  static bool FromJson(const Json& json, unsigned int& out, std::string& error) {
-    if (!json.IsInteger() || json.number < -2147483648.0 || json.number > 4294967295.0) {
-      error = "expects a whole number from -2147483648 to 4294967295, got " +
-              (json.text.empty() ? std::string("a non-number") : json.text);
+  static bool FromArg(const CallArg& arg, unsigned int& out, std::string& error) {
+    const std::optional<long long> number = WholeNumber(arg.value);
+    if (!number || *number < -2147483648LL || *number > 4294967295LL) {
+      error = "expects a whole number from -2147483648 to 4294967295, got " + arg.typed;
       return false;
     }
-    out = static_cast<unsigned int>(static_cast<long long>(json.number));
+    out = static_cast<unsigned int>(*number);
     return true;
   }
-  static std::string ToJson(unsigned int value) { return std::to_string(value); }
+  static Json ToJson(unsigned int value) { return value; }
 };
 
 // The exported enumerations travel as their numbers.
 template <class E>
 struct ArgTraits<E, std::enable_if_t<std::is_enum_v<E>>> {
   static constexpr const char* kName = "int";
-  static bool FromJson(const Json& json, E& out, std::string& error) {
+  static bool FromArg(const CallArg& arg, E& out, std::string& error) {
     int value = 0;
-    if (!ArgTraits<int>::FromJson(json, value, error)) return false;
+    if (!ArgTraits<int>::FromArg(arg, value, error)) return false;
     out = static_cast<E>(value);
     return true;
   }
-  static std::string ToJson(E value) { return std::to_string(static_cast<long long>(value)); }
+  static Json ToJson(E value) { return static_cast<long long>(value); }
 };
 
 template <>
 struct ArgTraits<double> {
   static constexpr const char* kName = "double";
-  static bool FromJson(const Json& json, double& out, std::string& error) {
-    if (json.kind != Json::Kind::kNumber) {
-      error = "expects a number";
+  static bool FromArg(const CallArg& arg, double& out, std::string& error) {
+    if (!arg.value.is_number()) {
+      error = "expects a number, got " + arg.typed;
       return false;
     }
-    out = json.number;
+    out = arg.value.get<double>();
     return true;
   }
-  static std::string ToJson(double value) { return ToUtf8(Format(L"%.17g", value)); }
+  // The shortest text that reads back as the same double; JSON has no infinity or NaN, so those print as null.
+  static Json ToJson(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
 };
 
 template <>
 struct ArgTraits<bool> {
   static constexpr const char* kName = "bool";
-  static bool FromJson(const Json& json, bool& out, std::string& error) {
-    if (json.kind == Json::Kind::kBool) {
-      out = json.boolean;
+  static bool FromArg(const CallArg& arg, bool& out, std::string& error) {
+    if (arg.value.is_boolean()) {
+      out = arg.value.get<bool>();
       return true;
     }
-    if (json.IsInteger()) {
-      out = json.number != 0;
+    if (const std::optional<long long> number = WholeNumber(arg.value)) {
+      out = *number != 0;
       return true;
     }
-    error = "expects true or false";
+    error = "expects true or false, got " + arg.typed;
     return false;
   }
-  static std::string ToJson(bool value) { return value ? "true" : "false"; }
+  static Json ToJson(bool value) { return value; }
 };
 
 // A text parameter takes a JSON string; a number is taken as the text it was typed as.
 template <>
 struct ArgTraits<std::wstring> {
   static constexpr const char* kName = "string";
-  static bool FromJson(const Json& json, std::wstring& out, std::string& error) {
-    if (json.kind != Json::Kind::kString && json.kind != Json::Kind::kNumber) {
-      error = "expects a string";
-      return false;
+  static bool FromArg(const CallArg& arg, std::wstring& out, std::string& error) {
+    if (arg.value.is_string()) {
+      out = FromUtf8(arg.value.get_ref<const std::string&>());
+      return true;
     }
-    out = FromUtf8(json.text);
+    if (arg.value.is_number()) {
+      out = FromUtf8(arg.typed);
+      return true;
+    }
+    error = "expects a string, got " + arg.typed;
+    return false;
+  }
+  static Json ToJson(const std::wstring& value) { return ToUtf8(value); }
+};
+
+// Text by pointer, as a C interface takes it: a JSON string (or a number, as typed) that lives for the call, or
+// null for a null pointer. A result prints as a string, a null pointer as null.
+template <>
+struct ArgTraits<const wchar_t*> {
+  static constexpr const char* kName = "string?";
+  using Storage = std::optional<std::wstring>;
+  static bool FromArg(const CallArg& arg, Storage& out, std::string& error) {
+    if (arg.value.is_null()) {
+      out.reset();
+      return true;
+    }
+    std::wstring text;
+    if (!ArgTraits<std::wstring>::FromArg(arg, text, error)) return false;
+    out = std::move(text);
     return true;
   }
-  static std::string ToJson(const std::wstring& value) { return JsonQuote(ToUtf8(value)); }
+  static const wchar_t* Pass(Storage& stored) { return stored ? stored->c_str() : nullptr; }
+  static Json Sample() { return ""; }
+  static Json ToJson(const wchar_t* value) { return value ? Json(ToUtf8(value)) : Json(nullptr); }
 };
 
 template <class T>
 struct ArgTraits<std::vector<T>> {
   static inline const std::string kNameText = std::string(ArgTraits<T>::kName) + "[]";
   static inline const char* kName = kNameText.c_str();
-  static bool FromJson(const Json& json, std::vector<T>& out, std::string& error) {
-    if (json.kind != Json::Kind::kArray) {
-      error = "expects an array";
+  static bool FromArg(const CallArg& arg, std::vector<T>& out, std::string& error) {
+    if (!arg.value.is_array()) {
+      error = "expects an array, got " + arg.typed;
       return false;
     }
     out.clear();
-    for (const Json& item : json.items) {
+    for (const Json& item : arg.value) {
       T value{};
-      if (!ArgTraits<T>::FromJson(item, value, error)) return false;
+      if (!ArgTraits<T>::FromArg(ArgumentFromJson(item), value, error)) return false;
       out.push_back(std::move(value));
     }
     return true;
   }
-  static std::string ToJson(const std::vector<T>& values) {
-    std::vector<std::string> rendered;
-    rendered.reserve(values.size());
-    for (const T& value : values) rendered.push_back(ArgTraits<T>::ToJson(value));
-    return JsonArray(rendered);
+  static Json ToJson(const std::vector<T>& values) {
+    Json array = Json::array();
+    for (const T& value : values) array.push_back(ArgTraits<T>::ToJson(value));
+    return array;
   }
 };
 
 template <>
 struct ArgTraits<tagVantoScript> {
   static constexpr const char* kName = "tagVantoScript";
-  static bool FromJson(const Json&, tagVantoScript&, std::string& error) {
+  static bool FromArg(const CallArg&, tagVantoScript&, std::string& error) {
     error = "a record is an out-parameter";
     return false;
   }
-  static std::string ToJson(const tagVantoScript& script) {
-    return JsonObject()
-        .Add("strTitle", JsonQuote(ToUtf8(script.strTitle)))
-        .Add("strDetail", JsonQuote(ToUtf8(script.strDetail)))
-        .Render();
+  static Json ToJson(const tagVantoScript& script) {
+    Json object = Json::object();
+    object["strTitle"] = ToUtf8(script.strTitle);
+    object["strDetail"] = ToUtf8(script.strDetail);
+    return object;
   }
 };
 
@@ -151,17 +200,17 @@ struct ArgTraits<tagVantoScript> {
 template <>
 struct ArgTraits<tagTopMenuInfo> {
   static constexpr const char* kName = "tagTopMenuInfo";
-  static bool FromJson(const Json&, tagTopMenuInfo&, std::string& error) {
+  static bool FromArg(const CallArg&, tagTopMenuInfo&, std::string& error) {
     error = "a record is an out-parameter";
     return false;
   }
-  static std::string ToJson(const tagTopMenuInfo& info) {
-    return JsonObject()
-        .Add("nIndex", std::to_string(static_cast<int>(info.nIndex)))
-        .Add("strMenu1", JsonQuote(ToUtf8(info.strMenu1)))
-        .Add("strMenu2", JsonQuote(ToUtf8(info.strMenu2)))
-        .Add("strMenu3", JsonQuote(ToUtf8(info.strMenu3)))
-        .Render();
+  static Json ToJson(const tagTopMenuInfo& info) {
+    Json object = Json::object();
+    object["nIndex"] = static_cast<int>(info.nIndex);
+    object["strMenu1"] = ToUtf8(info.strMenu1);
+    object["strMenu2"] = ToUtf8(info.strMenu2);
+    object["strMenu3"] = ToUtf8(info.strMenu3);
+    return object;
   }
 };
 

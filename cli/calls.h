@@ -1,5 +1,5 @@
 // The table of callable exports behind `ostrel call`: one entry per exported function (two for an overload),
-// each knowing its signature and how to run the function on JSON arguments.
+// each knowing its signature and how to run the function on command line arguments.
 #pragma once
 
 #include <cstddef>
@@ -19,11 +19,12 @@ namespace ostrel::cli {
 struct CallEntry {
   std::string name;
   std::string signature;
-  // Runs the export on the arguments; on success renders the answer object, else says what was wrong.
-  std::function<bool(const std::vector<Json>& args, std::string& answer, std::string& error)> invoke;
+  // Runs the export on the arguments; on success sets answer to the object of "result" and the out-parameters,
+  // else says what was wrong.
+  std::function<bool(const std::vector<CallArg>& args, Json& answer, std::string& error)> invoke;
   // Arguments that fit the signature: each in-parameter's empty value (0, "", []), for callers that want to
   // run every export once.
-  std::vector<Json> sampleArgs;
+  std::vector<CallArg> sampleArgs;
 };
 
 // A non-const reference parameter is an out-parameter: not read from the command line, printed afterwards.
@@ -32,6 +33,42 @@ inline constexpr bool kIsOutParam = std::is_lvalue_reference_v<P> && !std::is_co
 
 template <class P>
 using ParamValue = std::remove_cvref_t<P>;
+
+// What holds a parameter during the call: the parameter's own type, or the Storage its ArgTraits names.
+template <class T>
+concept HasArgStorage = requires { typename ArgTraits<T>::Storage; };
+
+template <class T>
+struct ArgStorageOf {
+  using Type = T;
+};
+template <HasArgStorage T>
+struct ArgStorageOf<T> {
+  using Type = typename ArgTraits<T>::Storage;
+};
+
+template <class P>
+using ParamStorage = typename ArgStorageOf<ParamValue<P>>::Type;
+
+// The parameter as the function takes it, from what holds it.
+template <class P>
+decltype(auto) PassParam(ParamStorage<P>& stored) {
+  if constexpr (HasArgStorage<ParamValue<P>>) {
+    return ArgTraits<ParamValue<P>>::Pass(stored);
+  } else {
+    return (stored);
+  }
+}
+
+// The sample argument of an in-parameter: its type's empty value.
+template <class P>
+Json SampleParam() {
+  if constexpr (HasArgStorage<ParamValue<P>>) {
+    return ArgTraits<ParamValue<P>>::Sample();
+  } else {
+    return ArgTraits<ParamValue<P>>::ToJson(ParamValue<P>{});
+  }
+}
 
 template <class R, class... P>
 std::string DescribeCall(const std::string& name, const std::vector<std::string>& paramNames) {
@@ -52,6 +89,28 @@ std::string DescribeCall(const std::string& name, const std::vector<std::string>
   return text;
 }
 
+// Reads the in-parameters of values from args in order (out-parameters keep their empty value). False, with
+// error naming the parameter, when an argument doesn't fit.
+template <class... P>
+bool TakeArguments(std::tuple<ParamStorage<P>...>& values, const std::vector<CallArg>& args,
+                   const std::vector<std::string>& paramNames, std::string& error) {
+  size_t next = 0;
+  bool ok = true;
+  [&]<size_t... I>(std::index_sequence<I...>) {
+    [[maybe_unused]] auto take = [&]<class Param>(ParamStorage<Param>& value, size_t index) {
+      if (!ok || kIsOutParam<Param>) return;
+      std::string why;
+      if (!ArgTraits<ParamValue<Param>>::FromArg(args[next++], value, why)) {
+        ok = false;
+        error = "argument " + std::to_string(index + 1) + " (" +
+                (index < paramNames.size() ? paramNames[index] : std::string("?")) + ") " + why;
+      }
+    };
+    (take.template operator()<P>(std::get<I>(values), I), ...);
+  }(std::index_sequence_for<P...>{});
+  return ok;
+}
+
 // Binds an export: the in-parameters come from args in order, out-parameters start empty and are printed under
 // their names after the result.
 template <class R, class... P>
@@ -61,61 +120,39 @@ CallEntry MakeCall(std::string name, R (*function)(P...), std::vector<std::strin
   entry.signature = DescribeCall<R, P...>(name, paramNames);
   (
       [&] {
-        if constexpr (!kIsOutParam<P>) {
-          entry.sampleArgs.push_back(*ParseJson(ArgTraits<ParamValue<P>>::ToJson(ParamValue<P>{})));
-        }
+        if constexpr (!kIsOutParam<P>) entry.sampleArgs.push_back(ArgumentFromJson(SampleParam<P>()));
       }(),
       ...);
-  entry.invoke = [function, paramNames](const std::vector<Json>& args, std::string& answer, std::string& error) {
+  entry.invoke = [function, paramNames](const std::vector<CallArg>& args, Json& answer, std::string& error) {
     constexpr size_t kInCount = (size_t{0} + ... + (kIsOutParam<P> ? 0 : 1));
     if (args.size() != kInCount) {
       error = "expects " + std::to_string(kInCount) + " argument(s), got " + std::to_string(args.size());
       return false;
     }
-    std::tuple<ParamValue<P>...> values{};
-    size_t next = 0;
-    bool ok = true;
-    [&]<size_t... I>(std::index_sequence<I...>) {
-      [[maybe_unused]] auto take = [&](auto& value, bool isOut, size_t index) {
-        if (!ok || isOut) return;
-        std::string why;
-        if (!ArgTraits<std::remove_cvref_t<decltype(value)>>::FromJson(args[next++], value, why)) {
-          ok = false;
-          error = "argument " + std::to_string(index + 1) + " (" +
-                  (index < paramNames.size() ? paramNames[index] : std::string("?")) + ") " + why;
-        }
-      };
-      (take(std::get<I>(values), kIsOutParam<P>, I), ...);
-    }(std::index_sequence_for<P...>{});
-    if (!ok) return false;
+    std::tuple<ParamStorage<P>...> values{};
+    if (!TakeArguments<P...>(values, args, paramNames, error)) return false;
 
-    JsonObject object;
-    auto call = [&](auto&... v) { return function(v...); };
+    answer = Json::object();
+    auto call = [&](auto&... stored) { return function(PassParam<P>(stored)...); };
     if constexpr (std::is_void_v<R>) {
       std::apply(call, values);
-      object.Add("result", "null");
+      answer["result"] = nullptr;
     } else {
-      object.Add("result", ArgTraits<std::remove_cvref_t<R>>::ToJson(std::apply(call, values)));
+      answer["result"] = ArgTraits<std::remove_cvref_t<R>>::ToJson(std::apply(call, values));
     }
     [&]<size_t... I>(std::index_sequence<I...>) {
-      [[maybe_unused]] auto show = [&](const auto& value, bool isOut, size_t index) {
-        if (!isOut) return;
-        object.Add(index < paramNames.size() ? paramNames[index] : "arg" + std::to_string(index),
-                   ArgTraits<std::remove_cvref_t<decltype(value)>>::ToJson(value));
+      [[maybe_unused]] auto show = [&]<class Param>(const ParamStorage<Param>& value, size_t index) {
+        if constexpr (kIsOutParam<Param>) {
+          answer[index < paramNames.size() ? paramNames[index] : "arg" + std::to_string(index)] =
+              ArgTraits<ParamValue<Param>>::ToJson(value);
+        }
       };
-      (show(std::get<I>(values), kIsOutParam<P>, I), ...);
+      (show.template operator()<P>(std::get<I>(values), I), ...);
     }(std::index_sequence_for<P...>{});
-    answer = object.Render();
     return true;
   };
   return entry;
 }
-
-// OSTREL_CALL(Ostrel_Name, "param", ...) binds an export by its own name; parameter names as the interface
-// documents them. OSTREL_CALL_AS picks one overload by its function type.
-#define OSTREL_CALL(function, ...) ::ostrel::cli::MakeCall(#function, &function, {__VA_ARGS__})
-#define OSTREL_CALL_AS(function, type, ...) \
-  ::ostrel::cli::MakeCall(#function, static_cast<type>(&function), {__VA_ARGS__})
 
 // The parameter names of a parameter list as the export table writes it: "(std::wstring line, int& n)" gives
 // {"line", "n"}.
@@ -126,9 +163,9 @@ const std::vector<CallEntry>& AllCalls();
 
 // Runs the export called name with the given arguments (command line words: JSON where they parse as JSON,
 // plain strings otherwise). Overloads are tried in order. Returns 0 and sets answer, or non-zero and sets error.
-int RunCall(const std::string& name, const std::vector<std::string>& words, std::string& answer, std::string& error);
+int RunCall(const std::string& name, const std::vector<std::string>& words, Json& answer, std::string& error);
 
-// Turns one command line word into a JSON value: the word itself if it parses as JSON, else a string.
-Json ArgumentFromWord(const std::string& word);
+// The same with the answer rendered on one line.
+int RunCall(const std::string& name, const std::vector<std::string>& words, std::string& answer, std::string& error);
 
 }  // namespace ostrel::cli

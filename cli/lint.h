@@ -1,10 +1,12 @@
-// Checking lessons for their authors: every line the library doesn't understand, and every understood line
-// whose sentence holds an empty name because one of its codes is unknown to the vocabulary.
+// Checking lessons for their authors: every line the library doesn't understand, every understood line whose
+// sentence holds an empty name because one of its codes is unknown to the vocabulary, and every line with bytes
+// that aren't valid in the file's encoding.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "lesson.h"
 #include "ostrel/script.h"
 
 namespace ostrel::cli {
@@ -12,6 +14,7 @@ namespace ostrel::cli {
 enum class LintKind {
   kNotUnderstood,  // the dispatcher gives 0
   kUnknownCode,    // understood, but a vocabulary lookup of the row came back empty
+  kBadEncoding,    // bytes that aren't valid in the encoding: the line isn't given to the library
 };
 
 struct LintFinding {
@@ -20,6 +23,7 @@ struct LintFinding {
   std::string reason;  // a short explanation for the author, in English
   std::wstring strLine;
   tagVantoScript script;  // what the line gave
+  size_t nBadOffset = 0;  // kBadEncoding: the offset in the file of the line's first invalid byte
 };
 
 struct LintedFile {
@@ -30,10 +34,10 @@ struct LintedFile {
 };
 
 // Checks the lines of one lesson. The vocabulary tables must be built (Ostrel_Init).
-std::vector<LintFinding> LintLines(const std::vector<std::wstring>& lines);
+std::vector<LintFinding> LintLines(const std::vector<LessonLine>& lines);
 
 // Reads and checks one lesson file ("-" is standard input).
-LintedFile LintFile(const std::string& path);
+LintedFile LintFile(const std::string& path, LessonEncoding encoding = LessonEncoding::kDetect);
 
 // 2 if a file could not be read, else 1 if any line was reported, else 0.
 int LintExitStatus(const std::vector<LintedFile>& files);

@@ -1,4 +1,4 @@
-// `ostrel lint [--json] [FILE...]`: a lesson checker for lesson authors.
+// `ostrel lint [--json] [--encoding E] [FILE...]`: a lesson checker for lesson authors.
 #include <iostream>
 
 #include "commands.h"
@@ -25,6 +25,8 @@ const char* KindName(LintKind kind) {
       return "not understood";
     case LintKind::kUnknownCode:
       return "unknown code";
+    case LintKind::kBadEncoding:
+      return "invalid bytes";
   }
   return "";
 }
@@ -35,6 +37,8 @@ const char* KindId(LintKind kind) {
       return "not-understood";
     case LintKind::kUnknownCode:
       return "unknown-code";
+    case LintKind::kBadEncoding:
+      return "bad-encoding";
   }
   return "";
 }
@@ -42,7 +46,8 @@ const char* KindId(LintKind kind) {
 std::string DisplayPath(const std::string& path) { return path == "-" ? "<stdin>" : path; }
 
 struct Totals {
-  size_t files = 0, unreadable = 0, lines = 0, notUnderstood = 0, unknownCode = 0;
+  size_t files = 0, unreadable = 0, lines = 0, notUnderstood = 0, unknownCode = 0, badEncoding = 0;
+  size_t Reported() const { return notUnderstood + unknownCode + badEncoding; }
 };
 
 Totals Count(const std::vector<LintedFile>& files) {
@@ -52,7 +57,11 @@ Totals Count(const std::vector<LintedFile>& files) {
     if (!file.bReadable) ++totals.unreadable;
     totals.lines += file.nLines;
     for (const LintFinding& finding : file.findings) {
-      ++(finding.kind == LintKind::kNotUnderstood ? totals.notUnderstood : totals.unknownCode);
+      switch (finding.kind) {
+        case LintKind::kNotUnderstood: ++totals.notUnderstood; break;
+        case LintKind::kUnknownCode: ++totals.unknownCode; break;
+        case LintKind::kBadEncoding: ++totals.badEncoding; break;
+      }
     }
   }
   return totals;
@@ -64,24 +73,30 @@ std::string Plural(size_t count, const char* word) {
 
 }  // namespace
 
-std::vector<LintFinding> LintLines(const std::vector<std::wstring>& lines) {
+std::vector<LintFinding> LintLines(const std::vector<LessonLine>& lines) {
   std::vector<LintFinding> findings;
   for (size_t i = 0; i < lines.size(); ++i) {
+    const std::wstring& text = lines[i].strText;
+    if (const std::optional<size_t> bad = lines[i].nBadOffset) {
+      findings.push_back({i + 1, LintKind::kBadEncoding, "the first at byte offset " + std::to_string(*bad), text,
+                          tagVantoScript{}, *bad});
+      continue;
+    }
     tagVantoScript script;
-    const CheckedParse parse = ParseScriptChecked(lines[i], script);
+    const CheckedParse parse = ParseScriptChecked(text, script);
     if (parse.nResult == 0) {
-      findings.push_back({i + 1, LintKind::kNotUnderstood, NotUnderstoodReason(lines[i]), lines[i], script});
+      findings.push_back({i + 1, LintKind::kNotUnderstood, NotUnderstoodReason(text), text, script});
     } else if (parse.nEmptyNames > 0) {
-      findings.push_back({i + 1, LintKind::kUnknownCode, "the sentence holds an empty name", lines[i], script});
+      findings.push_back({i + 1, LintKind::kUnknownCode, "the sentence holds an empty name", text, script});
     }
   }
   return findings;
 }
 
-LintedFile LintFile(const std::string& path) {
+LintedFile LintFile(const std::string& path, LessonEncoding encoding) {
   LintedFile file;
   file.path = path;
-  const std::optional<std::vector<std::wstring>> lines = ReadLesson(path);
+  const std::optional<std::vector<LessonLine>> lines = ReadLesson(path, encoding);
   if (!lines) return file;
   file.bReadable = true;
   file.nLines = lines->size();
@@ -92,7 +107,7 @@ LintedFile LintFile(const std::string& path) {
 int LintExitStatus(const std::vector<LintedFile>& files) {
   const Totals totals = Count(files);
   if (totals.unreadable > 0) return 2;
-  return totals.notUnderstood + totals.unknownCode > 0 ? 1 : 0;
+  return totals.Reported() > 0 ? 1 : 0;
 }
 
 std::string LintReportText(const std::vector<LintedFile>& files) {
@@ -108,69 +123,59 @@ std::string LintReportText(const std::vector<LintedFile>& files) {
   }
   const Totals totals = Count(files);
   text += Plural(totals.files, "file") + ", " + Plural(totals.lines, "line") + " checked: ";
-  if (totals.unreadable + totals.notUnderstood + totals.unknownCode == 0) return text + "clean\n";
+  if (totals.unreadable + totals.Reported() == 0) return text + "clean\n";
   text += std::to_string(totals.notUnderstood) + " not understood, " + std::to_string(totals.unknownCode) +
           " with an unknown code";
+  if (totals.badEncoding > 0) text += ", " + std::to_string(totals.badEncoding) + " with invalid bytes";
   if (totals.unreadable > 0) text += ", " + std::to_string(totals.unreadable) + " unreadable";
   return text + "\n";
 }
 
 std::string LintReportJson(const std::vector<LintedFile>& files) {
-  std::vector<std::string> fileObjects, findingObjects;
+  Json fileObjects = Json::array(), findingObjects = Json::array();
   for (const LintedFile& file : files) {
-    fileObjects.push_back(JsonObject()
-                              .Add("file", JsonQuote(file.path))
-                              .Add("readable", file.bReadable ? "true" : "false")
-                              .Add("lines", std::to_string(file.nLines))
-                              .Render());
+    Json fileObject = Json::object();
+    fileObject["file"] = file.path;
+    fileObject["readable"] = file.bReadable;
+    fileObject["lines"] = file.nLines;
+    fileObjects.push_back(std::move(fileObject));
     for (const LintFinding& finding : file.findings) {
-      findingObjects.push_back(JsonObject()
-                                   .Add("file", JsonQuote(file.path))
-                                   .Add("line", std::to_string(finding.nLine))
-                                   .Add("kind", JsonQuote(KindId(finding.kind)))
-                                   .Add("reason", JsonQuote(finding.reason))
-                                   .Add("text", JsonQuote(ToUtf8(finding.strLine)))
-                                   .Add("title", JsonQuote(ToUtf8(finding.script.strTitle)))
-                                   .Add("detail", JsonQuote(ToUtf8(finding.script.strDetail)))
-                                   .Render());
+      Json object = Json::object();
+      object["file"] = file.path;
+      object["line"] = finding.nLine;
+      object["kind"] = KindId(finding.kind);
+      object["reason"] = finding.reason;
+      object["text"] = ToUtf8(finding.strLine);
+      object["title"] = ToUtf8(finding.script.strTitle);
+      object["detail"] = ToUtf8(finding.script.strDetail);
+      if (finding.kind == LintKind::kBadEncoding) object["offset"] = finding.nBadOffset;
+      findingObjects.push_back(std::move(object));
     }
   }
   const Totals totals = Count(files);
-  const std::string summary = JsonObject()
-                                  .Add("files", std::to_string(totals.files))
-                                  .Add("unreadable", std::to_string(totals.unreadable))
-                                  .Add("lines", std::to_string(totals.lines))
-                                  .Add("notUnderstood", std::to_string(totals.notUnderstood))
-                                  .Add("unknownCode", std::to_string(totals.unknownCode))
-                                  .Render();
-  return JsonObject()
-             .Add("files", JsonArray(fileObjects))
-             .Add("findings", JsonArray(findingObjects))
-             .Add("summary", summary)
-             .Add("status", std::to_string(LintExitStatus(files)))
-             .Render() +
-         "\n";
+  Json summary = Json::object();
+  summary["files"] = totals.files;
+  summary["unreadable"] = totals.unreadable;
+  summary["lines"] = totals.lines;
+  summary["notUnderstood"] = totals.notUnderstood;
+  summary["unknownCode"] = totals.unknownCode;
+  summary["badEncoding"] = totals.badEncoding;
+  Json report = Json::object();
+  report["files"] = std::move(fileObjects);
+  report["findings"] = std::move(findingObjects);
+  report["summary"] = std::move(summary);
+  report["status"] = LintExitStatus(files);
+  return RenderJson(report) + "\n";
 }
 
-int RunLintCommand(const std::vector<std::string>& args) {
-  bool json = false;
-  std::vector<std::string> paths;
-  for (const std::string& arg : args) {
-    if (arg == "--json") {
-      json = true;
-    } else if (arg.size() > 1 && arg[0] == '-' && arg != "-") {
-      std::cerr << "ostrel lint: unknown option " << arg << "\n";
-      return 2;
-    } else {
-      paths.push_back(arg);
-    }
-  }
+int RunLintCommand(const LintOptions& options) {
+  std::vector<std::string> paths = options.paths;
   if (paths.empty()) paths.push_back("-");
   Ostrel_Init();
   std::vector<LintedFile> files;
-  for (const std::string& path : paths) files.push_back(LintFile(path));
+  for (const std::string& path : paths) files.push_back(LintFile(path, options.encoding));
   Ostrel_UnInit();
-  std::cout << (json ? LintReportJson(files) : LintReportText(files));
+  std::cout << (options.bJson ? LintReportJson(files) : LintReportText(files));
   return LintExitStatus(files);
 }
 

@@ -1,4 +1,5 @@
-// `ostrel parse [--json] [FILE]`: every line of a lesson through the dispatcher, as a table or as JSON lines.
+// `ostrel parse [--json] [--encoding E] [FILE]`: every line of a lesson through the dispatcher, as a table or as
+// JSON lines.
 #include <algorithm>
 #include <iostream>
 
@@ -64,51 +65,41 @@ void PrintTable(const std::vector<ParsedLine>& parsed) {
 
 void PrintJsonLines(const std::vector<ParsedLine>& parsed) {
   for (const ParsedLine& line : parsed) {
-    std::cout << JsonObject()
-                     .Add("result", std::to_string(line.result))
-                     .Add("title", JsonQuote(ToUtf8(line.script.strTitle)))
-                     .Add("detail", JsonQuote(ToUtf8(line.script.strDetail)))
-                     .Render()
-              << '\n';
+    Json object = Json::object();
+    object["result"] = line.result;
+    object["title"] = ToUtf8(line.script.strTitle);
+    object["detail"] = ToUtf8(line.script.strDetail);
+    std::cout << RenderJson(object) << '\n';
   }
 }
 
 }  // namespace
 
-int RunParseCommand(const std::vector<std::string>& args) {
-  bool json = false;
-  std::string path = "-";
-  int files = 0;
-  for (const std::string& arg : args) {
-    if (arg == "--json") {
-      json = true;
-    } else if (arg.size() > 1 && arg[0] == '-' && arg != "-") {
-      std::cerr << "ostrel parse: unknown option " << arg << "\n";
-      return 2;
-    } else {
-      path = arg;
-      ++files;
-    }
-  }
-  if (files > 1) {
-    std::cerr << "ostrel parse: give one lesson file (or - for standard input)\n";
-    return 2;
-  }
-  const std::optional<std::vector<std::wstring>> lines = ReadLesson(path);
+int RunParseCommand(const ParseOptions& options) {
+  const std::optional<std::vector<LessonLine>> lines = ReadLesson(options.path, options.encoding);
+  const std::string shownPath = options.path == "-" ? "<stdin>" : options.path;
   if (!lines) {
-    std::cerr << "ostrel parse: cannot read " << path << "\n";
+    std::cerr << "ostrel parse: cannot read " << shownPath << "\n";
     return 2;
+  }
+  // A line that isn't valid in its encoding would reach the library altered: refuse the file.
+  for (size_t i = 0; i < lines->size(); ++i) {
+    if (const std::optional<size_t> bad = (*lines)[i].nBadOffset) {
+      std::cerr << "ostrel parse: " << shownPath << ":" << i + 1 << ": invalid bytes for the encoding at byte offset "
+                << *bad << " (--encoding gbk, utf-8 or utf-16le reads another encoding)\n";
+      return 2;
+    }
   }
   Ostrel_Init();
   std::vector<ParsedLine> parsed;
   parsed.reserve(lines->size());
-  for (const std::wstring& line : *lines) {
+  for (const LessonLine& line : *lines) {
     ParsedLine result{};
-    result.result = Ostrel_ParseScript(line, result.script);
+    result.result = Ostrel_ParseScript(line.strText, result.script);
     parsed.push_back(std::move(result));
   }
   Ostrel_UnInit();
-  if (json) PrintJsonLines(parsed);
+  if (options.bJson) PrintJsonLines(parsed);
   else PrintTable(parsed);
   return 0;
 }

@@ -6,16 +6,14 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "commands.h"
 #include "json.h"
 #include "lesson.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/text.h"
+#include "run_in_process.h"
 
 namespace ostrel::cli {
 namespace {
@@ -27,14 +25,18 @@ std::string WriteLesson(const std::string& name, const std::string& text) {
   return path;
 }
 
-// Runs the command with standard output captured.
-int RunLint(const std::vector<std::string>& args, std::string& output) {
-  std::ostringstream captured;
-  std::streambuf* const saved = std::cout.rdbuf(captured.rdbuf());
-  const int status = RunLintCommand(args);
-  std::cout.rdbuf(saved);
-  output = captured.str();
-  return status;
+// Runs `ostrel lint` with the arguments, its standard output caught.
+int RunLint(std::vector<std::string> args, std::string& output) {
+  args.insert(args.begin(), "lint");
+  const ToolRun run = RunInProcess(args);
+  output = run.out;
+  return run.status;
+}
+
+std::vector<LessonLine> Lines(const std::vector<std::wstring>& texts) {
+  std::vector<LessonLine> lines;
+  for (const std::wstring& text : texts) lines.push_back({text, std::nullopt});
+  return lines;
 }
 
 // A lesson with a misspelled keyword (line 3), an unknown tool (line 5) and a LAYER line one item short
@@ -52,7 +54,7 @@ const char kFaultyLesson[] =
 // Empty lines and near misses of a keyword are not understood, the reason naming the keyword as it stands.
 TEST(LintTest, EmptyAndNearMissLinesAreNotUnderstood) {
   Ostrel_Init();
-  const std::vector<LintFinding> findings = LintLines({L"", L"tool,5", L"TOOL ,5", L"CANVAS_SUBMIT\r", L"TOOL,5"});
+  const std::vector<LintFinding> findings = LintLines(Lines({L"", L"tool,5", L"TOOL ,5", L"CANVAS_SUBMIT\r", L"TOOL,5"}));
   ASSERT_EQ(findings.size(), 4u);
   EXPECT_EQ(findings[0].reason, "empty line");
   EXPECT_EQ(findings[3].reason, "unknown keyword \"CANVAS_SUBMIT\\r\"");
@@ -71,14 +73,15 @@ TEST(LintTest, ExampleLessonsAreCleanAndTheirSentencesWhole) {
     EXPECT_GT(file.nLines, 0u);
     for (const LintFinding& finding : file.findings)
       ADD_FAILURE() << "line " << finding.nLine << ": " << finding.reason;
-    const std::vector<std::wstring> lines = ReadLesson(entry.path().string()).value_or(std::vector<std::wstring>{});
+    const std::vector<LessonLine> lines =
+        ReadLesson(entry.path().string(), LessonEncoding::kDetect).value_or(std::vector<LessonLine>{});
     if (entry.path().filename() == "layers_and_menus.lesson") {
       EXPECT_GE(lines.size(), 62u);  // at least one line for each LAYER sub-command
     }
-    for (const std::wstring& line : lines) {
-      SCOPED_TRACE(ToUtf8(line));
+    for (const LessonLine& line : lines) {
+      SCOPED_TRACE(ToUtf8(line.strText));
       tagVantoScript script;
-      Ostrel_ParseScript(line, script);
+      Ostrel_ParseScript(line.strText, script);
       EXPECT_FALSE(script.strTitle.empty());
       for (const wchar_t* leftover : {L"%s", L"%%", L"【】", L"[]"}) {
         EXPECT_EQ(script.strDetail.find(leftover), std::wstring::npos) << ToUtf8(leftover);
@@ -109,14 +112,24 @@ TEST(LintCommandTest, ReportsTheFaultyLinesAndExitStatus) {
   EXPECT_EQ(RunLint({"--strict", clean}, output), 2);
   // The JSON form: one object, every finding with its line as recorded (without its CR), the summary, the status.
   EXPECT_EQ(RunLint({"--json", faulty}, output), 1);
-  std::string error;
-  const std::optional<Json> json = ParseJson(output, &error);
-  ASSERT_TRUE(json) << error;
-  EXPECT_EQ(json->members.at(1).second.items.size(), 3u);
+  const std::optional<Json> json = ParseJson(output);
+  ASSERT_TRUE(json) << output;
+  EXPECT_EQ(json->at("findings").size(), 3u);
   EXPECT_NE(output.find(R"("line": 3, "kind": "not-understood")"), std::string::npos);
   EXPECT_NE(output.find(R"("line": 5, "kind": "unknown-code")"), std::string::npos);
   EXPECT_NE(output.find(R"("text": "TOOL,69", "title")"), std::string::npos);
-  EXPECT_NE(output.find(R"("notUnderstood": 2, "unknownCode": 1}, "status": 1})"), std::string::npos);
+  EXPECT_NE(output.find(R"("notUnderstood": 2, "unknownCode": 1, "badEncoding": 0}, "status": 1})"),
+            std::string::npos);
+}
+
+// A lesson whose only findings are unknown codes is not clean: status 1, in text and in JSON.
+TEST(LintCommandTest, UnknownCodesAloneAreReported) {
+  const std::string lesson = WriteLesson("unknown_codes.lesson", "TOOL,2\nTOOL,69\nTOOL,69\n");
+  std::string output;
+  EXPECT_EQ(RunLint({lesson}, output), 1);
+  EXPECT_NE(output.find("3 lines checked: 0 not understood, 2 with an unknown code\n"), std::string::npos) << output;
+  EXPECT_EQ(RunLint({"--json", lesson}, output), 1);
+  EXPECT_NE(output.find(R"("status": 1})"), std::string::npos) << output;
 }
 
 }  // namespace

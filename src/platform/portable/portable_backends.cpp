@@ -330,6 +330,48 @@ std::string PortableEncoding::ToCodePage936(std::wstring_view text) {
   return out;
 }
 
+std::optional<std::wstring> PortableEncoding::FromCodePage936(std::string_view bytes, size_t& badOffset) {
+#if !defined(_WIN32)
+  iconv_t converter = iconv_open("UTF-8", "CP936");
+  if (converter != reinterpret_cast<iconv_t>(-1)) {
+    std::string utf8;
+    utf8.reserve(bytes.size() * 3 / 2);
+    std::string input(bytes);
+    char* in = input.data();
+    size_t inLeft = input.size();
+    char buffer[4096];
+    bool valid = true;
+    while (inLeft > 0) {
+      char* outPtr = buffer;
+      size_t outLeft = sizeof buffer;
+      const size_t done = iconv(converter, &in, &inLeft, &outPtr, &outLeft);
+      utf8.append(buffer, static_cast<size_t>(outPtr - buffer));
+      if (done != static_cast<size_t>(-1) || errno == E2BIG) continue;
+      // EILSEQ: a sequence that isn't valid; EINVAL: a lead byte whose trail byte is missing at the end. Either
+      // way iconv stopped at the first byte of that sequence.
+      valid = false;
+      break;
+    }
+    iconv_close(converter);
+    if (!valid) {
+      badOffset = static_cast<size_t>(in - input.data());
+      return std::nullopt;
+    }
+    return FromUtf8(utf8);
+  }
+#endif
+  std::wstring text;
+  text.reserve(bytes.size());
+  for (size_t i = 0; i < bytes.size(); ++i) {
+    if (static_cast<unsigned char>(bytes[i]) >= 0x80) {
+      badOffset = i;
+      return std::nullopt;
+    }
+    text += static_cast<wchar_t>(bytes[i]);
+  }
+  return text;
+}
+
 // ---- Parameters ----------------------------------------------------------------------------------------------
 
 std::wstring ProcessParameters::GetString(EnTallyKey key) {

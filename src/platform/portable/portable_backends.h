@@ -98,10 +98,12 @@ class LocalClock final : public IClock {
 };
 
 // Code page 936 through iconv where the C library has it; elsewhere a converter that keeps ASCII and writes
-// '?' for the rest (the Windows backend brings the system's converter).
+// '?' for the rest, and decodes ASCII only, taking the first other byte as invalid (the Windows backend brings
+// the system's converter).
 class PortableEncoding final : public ITextEncoding {
  public:
   std::string ToCodePage936(std::wstring_view text) override;
+  std::optional<std::wstring> FromCodePage936(std::string_view bytes, size_t& badOffset) override;
 };
 
 // Parameters that the host sets in the process with Set, or, for a key never set, the environment variable

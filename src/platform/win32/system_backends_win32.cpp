@@ -23,6 +23,10 @@ class Win32Encoding final : public ITextEncoding {
     if (size > 0) WideCharToMultiByte(936, 0, text.data(), wideLength, out.data(), size, "?", nullptr);
     return out;
   }
+  // Decodes as the portable converter does without iconv: ASCII only, the first other byte reported as invalid.
+  std::optional<std::wstring> FromCodePage936(std::string_view bytes, size_t& badOffset) override {
+    return PortableEncoding().FromCodePage936(bytes, badOffset);
+  }
 };
 
 // Real files as the portable backend has them, with the temporary and local application data folders of the
