@@ -149,5 +149,22 @@ constexpr test_support::LineCase kSentences[] = {
 
 TEST_F(LayerRows, Sentences) { test_support::ExpectSteps(kSentences); }
 
+// The rename: item 2 is the layer's sequence number and item 3 the new name, both shown as recorded; with fewer
+// than four items there is no step.
+constexpr test_support::LineCase kRenames[] = {
+    {L"LAYER,8,3,背景 副本", 1, L"图层重命名", L"将序号为3的图层，重命名为:背景 副本"},
+    {L"LAYER,8,007,图层 1", 1, L"图层重命名", L"将序号为007的图层，重命名为:图层 1"},  // not read as a number
+    {L"LAYER,8,2,100%s %d", 1, L"图层重命名", L"将序号为2的图层，重命名为:100%s %d"},  // a name is no pattern
+    {L"LAYER,8,3,", 1, L"图层重命名", L"将序号为3的图层，重命名为:"},  // an empty name is a fourth item
+    {L"LAYER,8,,x", 1, L"图层重命名", L"将序号为的图层，重命名为:x"},
+    {L"LAYER,8,3,a,b", 1, L"图层重命名", L"将序号为3的图层，重命名为:a"},  // a comma ends the name
+    {L"LAYER,8,3", 0, L"", L""},
+    {L"LAYER,8", 0, L"", L""},
+    {L"LAYER,08,3,x", 1, L"图层重命名", L"将序号为3的图层，重命名为:x"},  // the sub-command is read as a number
+};
+
+TEST_F(LayerRows, RenameGivesTheLayerAndItsNewName) { test_support::ExpectSteps(kRenames); }
+
+
 }  // namespace
 }  // namespace ostrel
