@@ -212,12 +212,14 @@ std::wstring FormatDouble(const Conversion& want, double value) {
   return sign + Widen(buffer);
 }
 
+constexpr bool BeyondBmp(uint32_t codePoint) { return codePoint > 0xFFFF; }
+
 // The length of text in UTF-16 units, which a width counts on Windows: a character beyond the BMP is two of
 // them there, so where wchar_t holds it whole it counts twice.
 size_t Utf16Length(std::wstring_view text) {
   size_t length = text.size();
   if constexpr (sizeof(wchar_t) > 2) {
-    for (const wchar_t c : text) length += static_cast<uint32_t>(c) > 0xFFFF ? 1 : 0;
+    for (const wchar_t c : text) length += BeyondBmp(static_cast<uint32_t>(c)) ? 1 : 0;
   }
   return length;
 }

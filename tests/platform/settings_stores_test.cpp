@@ -52,16 +52,18 @@ void WriteBytes(const std::wstring& path, const std::string& bytes) {
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-// Files as other programs leave them.
-constexpr const char* kCrLf = "[Event]\r\nTool=marqueeRectTool\r\nLayer=图层 1\r\n[Other]\r\nTool=x\r\n";
-constexpr const char* kLfNoFinalEnd = "[Event]\nTool=marqueeRectTool\nLayer=图层 1\n[Other]\nTool=x";
-constexpr const char* kCutAfterCr = "[Event]\r\nLayer=图层 1\r\nTool=marqueeRectTool\r";
+// Files as other programs leave them. Without a byte order mark the profile functions read a file in the ANSI
+// code page and the portable store in UTF-8, so only the files with a mark hold Chinese text.
+constexpr const char* kCrLf = "[Event]\r\nTool=marqueeRectTool\r\nLayer=Layer 1\r\n[Other]\r\nTool=x\r\n";
+constexpr const char* kLfNoFinalEnd = "[Event]\nTool=marqueeRectTool\nLayer=Layer 1\n[Other]\nTool=x";
+constexpr const char* kCutAfterCr = "[Event]\r\nLayer=Layer 1\r\nTool=marqueeRectTool\r";
+constexpr const char* kChinese = "[事件]\r\n图层=图层 1\r\n[Event]\r\nLayer=背景 副本\r\n";
 constexpr const char* kOtherCase = "[EVENT]\r\ntOOL=marqueeRectTool\r\n";
 constexpr const char* kBlanks = "  [Event]  \r\n  Tool \t=  marquee Rect\tTool \t \r\n\tLayer\t=\t\r\n";
-constexpr const char* kStrayKey = "Tool=stray\r\n; a comment\r\n\r\n[Event]\r\nLayer=图层 1\r\n";
+constexpr const char* kStrayKey = "Tool=stray\r\n; a comment\r\n\r\n[Event]\r\nLayer=Layer 1\r\n";
 constexpr const char* kEquals = "[Event]\r\nPath=C:\\a=b\\c.psd\r\nNext==x\r\n";
 constexpr const char* kQuotes =
-    "[Event]\r\nLayer=\"  图层 1  \"\r\nTool= 'move' \r\nMixed=\"move'\r\nInner=\"'x'\"\r\nOne=\"\r\n";
+    "[Event]\r\nLayer=\"  Layer 1  \"\r\nTool= 'move' \r\nMixed=\"move'\r\nInner=\"'x'\"\r\nOne=\"\r\n";
 constexpr const char* kTwice = "[Event]\r\nTool=first\r\nTool=second\r\n[Other]\r\n[event]\r\nLayer=late\r\n";
 constexpr const char* kEmpty = "";
 
@@ -77,12 +79,12 @@ struct IniReadCase {
 // Each case names the reading mistake it would catch.
 constexpr IniReadCase kIniReadCases[] = {
     {"CrLfValueHasNoCr", kCrLf, Encoding::kUtf8, L"Event", L"Tool", L"marqueeRectTool"},
-    {"CrLfChinese", kCrLf, Encoding::kUtf8, L"Event", L"Layer", L"图层 1"},
+    {"CrLfBlankInValue", kCrLf, Encoding::kUtf8, L"Event", L"Layer", L"Layer 1"},
     {"SecondSectionOwnKey", kCrLf, Encoding::kUtf8, L"Other", L"Tool", L"x"},
     {"MissingKey", kCrLf, Encoding::kUtf8, L"Event", L"Missing", nullptr},
     {"MissingSection", kCrLf, Encoding::kUtf8, L"Missing", L"Tool", nullptr},
     {"KeyOfAnotherSection", kCrLf, Encoding::kUtf8, L"Other", L"Layer", nullptr},
-    {"LfLineEnds", kLfNoFinalEnd, Encoding::kUtf8, L"Event", L"Layer", L"图层 1"},
+    {"LfLineEnds", kLfNoFinalEnd, Encoding::kUtf8, L"Event", L"Layer", L"Layer 1"},
     {"NoFinalLineEnd", kLfNoFinalEnd, Encoding::kUtf8, L"Other", L"Tool", L"x"},
     {"FileCutAfterACr", kCutAfterCr, Encoding::kUtf8, L"Event", L"Tool", L"marqueeRectTool"},
     {"SectionAndKeyInOtherCase", kOtherCase, Encoding::kUtf8, L"event", L"Tool", L"marqueeRectTool"},
@@ -90,19 +92,21 @@ constexpr IniReadCase kIniReadCases[] = {
     {"BlanksAroundKeyAndValue", kBlanks, Encoding::kUtf8, L"Event", L"Tool", L"marquee Rect\tTool"},
     {"BlanksOnlyValueIsEmpty", kBlanks, Encoding::kUtf8, L"Event", L"Layer", L""},
     {"KeyBeforeAnySection", kStrayKey, Encoding::kUtf8, L"Event", L"Tool", nullptr},
-    {"KeyAfterStrayKey", kStrayKey, Encoding::kUtf8, L"Event", L"Layer", L"图层 1"},
+    {"KeyAfterStrayKey", kStrayKey, Encoding::kUtf8, L"Event", L"Layer", L"Layer 1"},
     {"ValueWithEquals", kEquals, Encoding::kUtf8, L"Event", L"Path", L"C:\\a=b\\c.psd"},
     {"ValueStartingWithEquals", kEquals, Encoding::kUtf8, L"Event", L"Next", L"=x"},
-    {"DoubleQuotesDropped", kQuotes, Encoding::kUtf8, L"Event", L"Layer", L"  图层 1  "},
+    {"DoubleQuotesDropped", kQuotes, Encoding::kUtf8, L"Event", L"Layer", L"  Layer 1  "},
     {"SingleQuotesDropped", kQuotes, Encoding::kUtf8, L"Event", L"Tool", L"move"},
     {"UnmatchedQuotesKept", kQuotes, Encoding::kUtf8, L"Event", L"Mixed", L"\"move'"},
     {"OnlyOuterQuotesDropped", kQuotes, Encoding::kUtf8, L"Event", L"Inner", L"'x'"},
     {"LoneQuoteKept", kQuotes, Encoding::kUtf8, L"Event", L"One", L"\""},
     {"FirstOfTwoKeys", kTwice, Encoding::kUtf8, L"Event", L"Tool", L"first"},
     {"RepeatedSectionIgnored", kTwice, Encoding::kUtf8, L"Event", L"Layer", nullptr},
-    {"Utf8Bom", kCrLf, Encoding::kUtf8Bom, L"Event", L"Layer", L"图层 1"},
+    {"Utf8BomChinese", kChinese, Encoding::kUtf8Bom, L"事件", L"图层", L"图层 1"},
+    {"Utf8BomLaterSection", kChinese, Encoding::kUtf8Bom, L"Event", L"Layer", L"背景 副本"},
     {"Utf8BomFirstLine", kCrLf, Encoding::kUtf8Bom, L"Event", L"Tool", L"marqueeRectTool"},
-    {"Utf16LeBom", kCrLf, Encoding::kUtf16LeBom, L"Event", L"Layer", L"图层 1"},
+    {"Utf16LeChinese", kChinese, Encoding::kUtf16LeBom, L"事件", L"图层", L"图层 1"},
+    {"Utf16LeLaterSection", kChinese, Encoding::kUtf16LeBom, L"Event", L"Layer", L"背景 副本"},
     {"Utf16LeBomFirstLine", kCrLf, Encoding::kUtf16LeBom, L"Event", L"Tool", L"marqueeRectTool"},
     {"Utf16LeNoFinalEnd", kLfNoFinalEnd, Encoding::kUtf16LeBom, L"Other", L"Tool", L"x"},
     {"EmptyFile", kEmpty, Encoding::kUtf8, L"Event", L"Tool", nullptr},
@@ -139,17 +143,18 @@ TEST_P(IniReadTest, ReadsAsTheProfileFunctionsDo) {
 }
 
 // A write into a file that someone else wrote keeps the rest of it: after a new key in an existing section, a key
-// in a new section and a changed key, the case's own read still gives what it gave before.
+// in a new section and a changed key, the case's own read still gives what it gave before. (The written text is
+// ASCII: the profile functions write a file without a byte order mark in the ANSI code page.)
 TEST_P(IniReadTest, AWriteKeepsTheRestOfTheFile) {
   const IniReadCase& c = GetParam();
   IIniStore& ini = *CurrentPlatform().ini;
   const std::wstring path = WriteCaseFile("_written");
-  ASSERT_TRUE(ini.SetString(path, L"Event", L"Added", L"新值 1"));
-  ASSERT_TRUE(ini.SetString(path, L"新节", L"Key", L"v"));
+  ASSERT_TRUE(ini.SetString(path, L"Event", L"Added", L"new 1"));
+  ASSERT_TRUE(ini.SetString(path, L"Added", L"Key", L"v"));
   ASSERT_TRUE(ini.SetString(path, L"Other", L"Changed", L"one"));
   ASSERT_TRUE(ini.SetString(path, L"OTHER", L"changed", L"two"));
-  EXPECT_EQ(ini.GetString(path, L"Event", L"Added"), L"新值 1");
-  EXPECT_EQ(ini.GetString(path, L"新节", L"Key"), L"v");
+  EXPECT_EQ(ini.GetString(path, L"Event", L"Added"), L"new 1");
+  EXPECT_EQ(ini.GetString(path, L"Added", L"Key"), L"v");
   EXPECT_EQ(ini.GetString(path, L"Other", L"Changed"), L"two");
   const std::optional<std::wstring> value = ini.GetString(path, c.section, c.key);
   if (c.expected == nullptr) {
@@ -191,15 +196,15 @@ TEST(IniStoreTest, AWriteChangesAKeyInPlaceAndKeepsStrayLines) {
   const std::wstring file = TestPath("ostrel_store_stray.ini");
   WriteBytes(file, kStrayKey);
   ASSERT_TRUE(ini.SetString(file, L"EVENT", L"tool", L"moved"));
-  ASSERT_TRUE(ini.SetString(file, L"Event", L"LAYER", L"图层 2"));
+  ASSERT_TRUE(ini.SetString(file, L"Event", L"LAYER", L"Layer 2"));
   EXPECT_EQ(ini.GetString(file, L"Event", L"Tool"), L"moved");
-  EXPECT_EQ(ini.GetString(file, L"Event", L"Layer"), L"图层 2");
+  EXPECT_EQ(ini.GetString(file, L"Event", L"Layer"), L"Layer 2");
   const std::string bytes = ReadBytes(file);
   const bool utf16 = bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE';
   if (!utf16) {  // the Windows backend may keep a file in UTF-16; the portable one writes UTF-8
     EXPECT_EQ(bytes.find("Tool=stray"), 0u) << bytes;
     EXPECT_NE(bytes.find("; a comment"), std::string::npos) << bytes;
-    EXPECT_EQ(bytes.find("Layer=图层 1"), std::string::npos) << "changed in place: " << bytes;
+    EXPECT_EQ(bytes.find("Layer=Layer 1"), std::string::npos) << "changed in place: " << bytes;
   }
   std::filesystem::remove(FsPath(file));
 }
