@@ -212,14 +212,27 @@ std::wstring FormatDouble(const Conversion& want, double value) {
   return sign + Widen(buffer);
 }
 
+constexpr bool BeyondBmp(uint32_t codePoint) { return codePoint > 0xFFFF; }
+
+// The length of text in UTF-16 units, which a width counts on Windows: a character beyond the BMP is two of
+// them there, so where wchar_t holds it whole it counts twice.
+size_t Utf16Length(std::wstring_view text) {
+  size_t length = text.size();
+  if constexpr (sizeof(wchar_t) > 2) {
+    for (const wchar_t c : text) length += BeyondBmp(static_cast<uint32_t>(c)) ? 1 : 0;
+  }
+  return length;
+}
+
 // Pads body to the want's width; zero padding goes between the sign (or 0x) and the digits.
 void AppendPadded(std::wstring& out, const Conversion& want, std::wstring body, bool numeric) {
   const size_t width = want.width > 0 ? static_cast<size_t>(want.width) : 0;
-  if (body.size() >= width) {
+  const size_t length = Utf16Length(body);
+  if (length >= width) {
     out += body;
     return;
   }
-  const size_t fill = width - body.size();
+  const size_t fill = width - length;
   if (want.leftAlign) {
     out += body;
     out.append(fill, L' ');

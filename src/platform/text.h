@@ -45,8 +45,9 @@ class FormatArg {
 
 // printf-style formatting of wide text: %s takes a text, %d/%i/%u/%x/%X/%o/%c whole numbers, %f/%e/%g decimal
 // numbers (with l, ll, h length letters accepted and ignored), %% a percent sign; flags - + blank 0 #, width and
-// precision (also *) as printf has them. A missing argument prints nothing; an argument of another kind is
-// converted rather than misread. The result is the same on every platform.
+// precision (also *) as printf has them; a width counts UTF-16 units, as swprintf on Windows does. A missing
+// argument prints nothing; an argument of another kind is converted rather than misread. The result is the same
+// on every platform.
 std::wstring FormatArgs(std::wstring_view pattern, const FormatArg* args, size_t count);
 
 template <class... Args>

@@ -3,10 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <mutex>
 #include <sstream>
 #include <thread>
+#include <vector>
 
 #include "fake_automation.h"
 #include "platform/platform.h"
@@ -103,25 +107,63 @@ TEST_F(LogTest, AVeryLongLineIsWrittenWhole) {
   EXPECT_EQ(bytes.substr(bytes.size() - 4), "\xD7\xD6\r\n");
 }
 
-TEST_F(LogTest, TwoThreadsNeverInterleaveWithinALine) {
-  CLogFile log;
-  constexpr int kLines = 300;
-  auto writer = [&](wchar_t letter) {
-    for (int i = 0; i < kLines; ++i) log.Write(L"%s", std::wstring(200, letter));
-  };
-  std::thread a(writer, L'A'), b(writer, L'B');
-  a.join();
-  b.join();
-  std::istringstream lines(ReadLog());
-  std::string line;
-  int count = 0;
-  while (std::getline(lines, line)) {
-    ++count;
-    ASSERT_EQ(line.size(), 11 + 200 + 1u);  // "[hh:mm:ss] ", the text, the CR
-    const std::string text = line.substr(11, 200);
-    EXPECT_TRUE(text == std::string(200, 'A') || text == std::string(200, 'B')) << line;
+// Files whose every append lands in two halves with a pause between them, as a write to a file on a share or a
+// slow disk may: only the log's lock keeps another thread's line from landing between the halves.
+class SplittingFileSystem final : public IFileSystem {
+ public:
+  bool FileExists(const std::wstring&) override { return true; }
+  bool RemoveFile(const std::wstring&) override { return true; }
+  bool CreatePathTo(const std::wstring&) override { return true; }
+  bool AppendToFile(const std::wstring&, std::string_view bytes) override {
+    const size_t half = bytes.size() / 2;
+    Append(bytes.substr(0, half));
+    std::this_thread::yield();
+    std::this_thread::sleep_for(std::chrono::microseconds(20));
+    Append(bytes.substr(half));
+    return true;
   }
-  EXPECT_EQ(count, 2 * kLines);
+  std::wstring TempDirectory() override { return L"/tmp/"; }
+  std::wstring LocalAppDataDirectory() override { return L"/tmp"; }
+
+  std::string Contents() {
+    std::lock_guard lock(m_mutex);
+    return m_bytes;
+  }
+
+ private:
+  void Append(std::string_view bytes) {
+    std::lock_guard lock(m_mutex);
+    m_bytes += bytes;
+  }
+  std::mutex m_mutex;
+  std::string m_bytes;
+};
+
+TEST_F(LogTest, ThreadsNeverInterleaveWithinALine) {
+  SplittingFileSystem files;
+  ScopedPlatform platform(Platform{.files = &files});
+  CLogFile log;
+  constexpr int kThreads = 4, kLines = 150;
+  std::vector<std::thread> writers;
+  for (int t = 0; t < kThreads; ++t) {
+    writers.emplace_back([&log, t] {
+      for (int i = 0; i < kLines; ++i) log.Write(L"%s", std::wstring(40, static_cast<wchar_t>(L'A' + t)));
+    });
+  }
+  for (std::thread& writer : writers) writer.join();
+
+  std::map<char, int> linesByWriter;
+  const std::string bytes = files.Contents();
+  size_t start = 0;
+  for (size_t end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) {
+    const std::string line = bytes.substr(start, end - start);
+    ASSERT_EQ(line.size(), 11 + 40u) << line;  // "[09:05:00] " and the text
+    const char letter = line[11];
+    EXPECT_EQ(line, "[09:05:00] " + std::string(40, letter));
+    ++linesByWriter[letter];
+  }
+  EXPECT_EQ(start, bytes.size()) << "the file ends with a whole line";
+  EXPECT_EQ(linesByWriter, (std::map<char, int>{{'A', kLines}, {'B', kLines}, {'C', kLines}, {'D', kLines}}));
 }
 
 }  // namespace

@@ -110,6 +110,58 @@ TEST(FormatTest, DecimalNumbers) {
   EXPECT_EQ(Format(L"%.2f%%", 99.5), L"99.50%");
 }
 
+struct WidthCase {
+  const wchar_t* pattern;
+  FormatArg arg;
+  std::wstring expected;
+};
+
+std::wstring Spaces(size_t count) { return std::wstring(count, L' '); }
+
+// Widths and precisions of two or more digits, as the Windows runtime's swprintf gives them. A width counts
+// UTF-16 units, as a wchar_t string has them on Windows: a Chinese character is one, a character beyond the
+// BMP two, on every platform.
+TEST(FormatTest, WidthsAndPrecisionsOfSeveralDigits) {
+  const WidthCase cases[] = {
+      {L"[%10d]", 42, L"[        42]"},
+      {L"[%-10d]", 42, L"[42        ]"},
+      {L"[%012d]", 2026, L"[000000002026]"},
+      {L"[%010d]", -42, L"[-000000042]"},       // zeros go after the sign
+      {L"[%-012d]", 7, L"[7           ]"},      // left alignment wins over zeros
+      {L"[%+12d]", 5, L"[          +5]"},
+      {L"[%12.5d]", 42, L"[       00042]"},     // precision pads with zeros, width with blanks
+      {L"[%012.5d]", 42, L"[       00042]"},    // a precision turns the zero flag off for whole numbers
+      {L"[%.12d]", 42, L"[000000000042]"},
+      {L"[%10x]", 255, L"[        ff]"},
+      {L"[%-10X]", 255, L"[FF        ]"},
+      {L"[%010x]", 255, L"[00000000ff]"},
+      {L"[%#10x]", 255, L"[      0xff]"},
+      {L"[%#010x]", 255, L"[0x000000ff]"},     // zeros go after the 0x
+      {L"[%12x]", -1, L"[    ffffffff]"},
+      {L"[%10.3f]", 3.14159, L"[     3.142]"},
+      {L"[%-10.3f]", -3.14159, L"[-3.142    ]"},
+      {L"[%010.3f]", -3.14159, L"[-00003.142]"},
+      {L"[%15.10f]", 2.5, L"[   2.5000000000]"},
+      {L"[%.12f]", 1.0 / 3, L"[0.333333333333]"},
+      {L"[%14e]", 12345.678, L"[  1.234568e+04]"},
+      {L"[%12s]", L"abc", L"[         abc]"},
+      {L"[%-12s]", L"abc", L"[abc         ]"},
+      {L"[%20s]", L"选择工具", L"[" + Spaces(16) + L"选择工具]"},
+      {L"[%-20s]", L"矩形选框工具", L"[矩形选框工具" + Spaces(14) + L"]"},
+      {L"[%12.2s]", L"选择工具", L"[" + Spaces(10) + L"选择]"},
+      {L"[%10s]", L"图\U0001F600", L"[" + Spaces(7) + L"图\U0001F600]"},
+      {L"[%10c]", static_cast<int>(L'中'), L"[" + Spaces(9) + L"中]"},
+      {L"[%100d]", 1, L"[" + Spaces(99) + L"1]"},
+  };
+  for (const WidthCase& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.pattern));
+    EXPECT_EQ(FormatArgs(c.pattern, &c.arg, 1), c.expected);
+  }
+  EXPECT_EQ(Format(L"[%*d|%-*d]", 12, 42, 11, 7), L"[" + Spaces(10) + L"42|7" + Spaces(10) + L"]");
+  EXPECT_EQ(Format(L"[%*s]", -12, L"ab"), L"[ab" + Spaces(10) + L"]");  // a negative width aligns left
+  EXPECT_EQ(Format(L"[%13.*f]", 10, 2.5), L"[ 2.5000000000]");
+}
+
 TEST(FormatTest, MismatchedAndMissingArgumentsNeverMisread) {
   EXPECT_EQ(Format(L"%d", L"12"), L"12");  // a text given for %d is read as a number, not as a pointer
   EXPECT_EQ(Format(L"%s", 12), L"12");     // a number given for %s is printed

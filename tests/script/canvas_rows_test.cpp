@@ -50,6 +50,37 @@ TEST(CanvasOperationTableTest, RowsInCodeOrderBlocksAndRecordedTexts) {
   }
 }
 
+struct OperationCase {
+  int code;
+  const wchar_t* text;
+};
+
+// Texts checked by value: the first and last code, the first after a gap, and the texts kept as recorded, with
+// their stray blanks, tab, slashes and slips.
+constexpr OperationCase kOperations[] = {
+    {-1, L"NONE-手动录制画布"},
+    {0, L"移动工具-移动图层内容"},
+    {50, L"画板工具"},                                      // no gesture behind the tool
+    {300, L"套索工具-"},                                    // nothing behind the hyphen, four times
+    {303, L"套索工具-"},
+    {402, L"磁性套索工具-// 按下Alt键再绘制，从选区减去"},
+    {501, L"魔棒工具- 按下Shift再绘制，添加到选区"},
+    {702, L"切片选择工具-选择切片"},                        // the block starts at 702
+    {901, L"标尺工具-SHIFT水平、垂直、45度测量 "},           // a blank at the end
+    {1250, L"红眼工具-绘制\t"},                             // a tab at the end
+    {1950, L" 3D材质拖放工具-拖放"},                        // a blank in front
+    {2312, L"钢笔工具-选择路径多选(ctrl shift  点击或框选路径)"},  // two blanks
+    {2751, L"路径选择工具-ATL拖动复制路径"},                // ATL, as recorded
+    {3304, L"其他-Cltr+Alt 拖动，复制图层"},                // Cltr, as recorded
+    {3307, L"其他-Ctrl+Alt+Shift 拖动，复制图层，限制水平，垂直，45度"},
+    {4000, L"快捷键_CTRL"},                                 // after the gap 3308-3999
+    {4006, L"快捷键_SHIFT"},
+};
+
+TEST(CanvasOperationTableTest, TextsByValue) {
+  for (const OperationCase& c : kOperations) EXPECT_EQ(CanvasOperationText(c.code), c.text) << c.code;
+}
+
 constexpr test_support::LineCase kLineCases[] = {
     {L"CANVAS,-1", 1, L"画布操作", L"画布操作【NONE-手动录制画布】"},
     {L"CANVAS,1250", 1, L"画布操作", L"画布操作【红眼工具-绘制\t】"},

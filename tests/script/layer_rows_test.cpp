@@ -147,7 +147,49 @@ constexpr test_support::LineCase kSentences[] = {
     {L"LAYER,101,4,x", 1, L"通道可见性", L"设置通道序号4，不可见"},
 };
 
+// Rows checked by value: the first and last sub-command of each range, the first after each gap, and sentences
+// whose words repeat or are easy to mix up.
+constexpr test_support::LineCase kRowsByValue[] = {
+    {L"LAYER,0,0", 1, L"图层面板", L"选择图层面板：图层"},
+    {L"LAYER,0,2", 1, L"图层面板", L"选择图层面板：路径"},
+    {L"LAYER,7,30", 1, L"图层填充不透明度", L"设置图层填充不透明度为：30%"},
+    {L"LAYER,9,0,5", 1, L"选择图层", L"选择图层序号为:5"},
+    {L"LAYER,9,2,5", 1, L"选择图层", L"Shift 连续方式选择图层：5"},
+    {L"LAYER,10", 1, L"图层蒙版", L"添加图层蒙版"},
+    {L"LAYER,13,2,1", 1, L"锁定图层", L"锁定锁定位置"},  // the lock's word repeats the first
+    {L"LAYER,14,3,1", 1, L"折叠展开组", L"设置图层序号3，展开"},
+    {L"LAYER,29,1,262144,1", 1, L"设置图层样式是否可见", L"图层序号1样式[投影]，可见1"},
+    {L"LAYER,36,1,4,22", 1, L"图层蒙版右键", L"图层序号1蒙版[矢量蒙版]右键菜单[删除图层蒙版]"},
+    {L"LAYER,41,2,1", 1, L"剪切蒙版", L"图层序号2是否裁剪1"},
+    {L"LAYER,42", 1, L"Alt添加图层蒙版", L"Alt添加图层蒙版"},
+    {L"LAYER,100,3", 1, L"选择通道", L"选择通道序号3"},  // after the gap 43-99
+    {L"LAYER,106", 1, L"选区存储为通道", L"选区存储为通道"},
+    {L"LAYER,200", 1, L"隐藏路径", L"隐藏路径"},  // after the gap 107-199
+    {L"LAYER,203,2", 1, L"拖动删除路径", L"拖动删除路径，序号2"},
+    {L"LAYER,210,4,3", 1, L"利用快捷键载入选区", L"图层序号4载入选区模式【与选区相交】"},
+    {L"LAYER,211,2,100", 1, L"路径右键菜单", L"图层序号2路径右键菜单[建立选区]"},
+};
+
+TEST_F(LayerRows, RowsByValue) { test_support::ExpectSteps(kRowsByValue); }
+
 TEST_F(LayerRows, Sentences) { test_support::ExpectSteps(kSentences); }
+
+// The rename: item 2 is the layer's sequence number and item 3 the new name, both shown as recorded; with fewer
+// than four items there is no step.
+constexpr test_support::LineCase kRenames[] = {
+    {L"LAYER,8,3,背景 副本", 1, L"图层重命名", L"将序号为3的图层，重命名为:背景 副本"},
+    {L"LAYER,8,007,图层 1", 1, L"图层重命名", L"将序号为007的图层，重命名为:图层 1"},  // not read as a number
+    {L"LAYER,8,2,100%s %d", 1, L"图层重命名", L"将序号为2的图层，重命名为:100%s %d"},  // a name is no pattern
+    {L"LAYER,8,3,", 1, L"图层重命名", L"将序号为3的图层，重命名为:"},  // an empty name is a fourth item
+    {L"LAYER,8,,x", 1, L"图层重命名", L"将序号为的图层，重命名为:x"},
+    {L"LAYER,8,3,a,b", 1, L"图层重命名", L"将序号为3的图层，重命名为:a"},  // a comma ends the name
+    {L"LAYER,8,3", 0, L"", L""},
+    {L"LAYER,8", 0, L"", L""},
+    {L"LAYER,08,3,x", 1, L"图层重命名", L"将序号为3的图层，重命名为:x"},  // the sub-command is read as a number
+};
+
+TEST_F(LayerRows, RenameGivesTheLayerAndItsNewName) { test_support::ExpectSteps(kRenames); }
+
 
 }  // namespace
 }  // namespace ostrel

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "script_test_support.h"
 #include "../support/fingerprint.h"
 #include "../support/line_cases.h"
@@ -28,6 +30,35 @@ TEST(ShortcutKeyTableTest, CodesInOrderAndRepeatedCommandsKeepTheirOwnCodes) {
   EXPECT_EQ(ShortcutKeyName(27), ShortcutKeyName(19));
   EXPECT_NE(ShortcutKeyName(18), ShortcutKeyName(19));
 }
+
+// Names checked by value: the first and last code of each run, and the names that repeat or nearly repeat one.
+TEST(ShortcutKeyTableTest, NamesByValue) {
+  const std::pair<int, const wchar_t*> kNames[] = {
+      {0, L"新建"},         {18, L"背景色填充"},       {26, L"背景色填充"},  {27, L"前景色填充"},
+      {28, L"反向"},        {38, L"反相"},             {41, L"向下合并"},    {100, L"一直按住Ctrl"},
+      {103, L"一直按住Ctrl+Alt+Shift"}, {107, L"一直按住Space"},
+  };
+  for (const auto& [code, name] : kNames) EXPECT_EQ(ShortcutKeyName(code), name) << code;
+}
+
+// The fixed steps checked by value: the first and last code of each row.
+constexpr test_support::LineCase kFixedSteps[] = {
+    {L"COLOR,0", 1, L"默认颜色", L"设置为默认前景色和背景色"},
+    {L"COLOR,3", 1, L"设置背景色", L"设置背景色"},
+    {L"HISTORY,0", 1, L"设置历史记录源", L"设置历史记录源"},
+    {L"HISTORY,1", 1, L"取消历史记录源", L"取消历史记录源"},
+    {L"QUICK_MASK,0", 1, L"进入快速蒙版", L"进入快速蒙版"},
+    {L"QUICK_MASK,2", 1, L"快速蒙版选项", L"设置快速蒙版选项"},
+    {L"SCREEN_MODE,0", 1, L"标准屏幕模式", L"标准屏幕模式"},
+    {L"SCREEN_MODE,4", 1, L"全屏隐藏视图", L"全屏隐藏视图Tab+F"},
+    {L"TIP,1", 1, L"提示语", L"位置-指向画布位置"},
+    {L"TIP,7", 1, L"提示语", L"位置-调整图层"},
+    {L"REF_LINE,0,1", 1, L"参考线", L"添加水平参考线"},
+    {L"REF_LINE,1,0", 1, L"参考线", L"移除垂直参考线"},
+    {L"SHORTCUT_KEY,107", 1, L"快捷键", L"快捷键：一直按住Space"},
+};
+
+TEST(SmallRowsTest, FixedStepsByValue) { test_support::ExpectSteps(kFixedSteps); }
 
 // Each case names the mistake it would catch.
 constexpr test_support::LineCase kLineCases[] = {

@@ -88,6 +88,35 @@ constexpr test_support::LineCase kLineCases[] = {
     {L"tf,51,10", 0, L"", L""},
 };
 
+// One line per kind checked by value: the first and last kind, the kinds after the kinds without a sentence,
+// and the sentences with a plain colon or an odd word.
+constexpr test_support::LineCase kKindLines[] = {
+    {L"TF,0,1", 1, L"自动选择", L"勾选自动选择"},  // kind 0, the first
+    {L"TF,52,1", 1, L"样式", L"设置样式为：1"},  // 1: the value as recorded
+    {L"TF,58,0", 1, L"选择并遮住", L"点击【选择并遮住】"},  // 2
+    {L"TF,50,3", 1, L"选区模式", L"设置选区模式为：与选区相交"},  // 3
+    {L"TF,401,30", 1, L"大小", L"设置笔刷预设-大小为：30"},  // 5: the field is the title
+    {L"TF,1202,柔边圆", 1, L"选择画笔", L"选择画笔为：柔边圆"},  // 6
+    {L"TF,1005,1", 1, L"仿制源", L"设置仿制源"},  // 8, after 7 without a sentence
+    {L"TF,508,5", 1, L"叠加", L"设置裁剪叠加为：金色螺线"},  // 11, after 10 without a sentence
+    {L"TF,2171,5", 1, L"路径选项", L"设置路径选项为：合并形状组件"},  // 12
+    {L"TF,2952,3", 1, L"路径排列方式", L"设置路径排列方式为：将形状置为底层"},  // 14
+    {L"TF,2225,2", 1, L"选项", L"设置选项 - 曲线拟合：2"},  // 15
+    {L"TF,2168,4", 1, L"描边样式", L"设置描边端点样式为：圆面"},  // 18, after 17 without a sentence
+    {L"TF,2170,1", 1, L"描边样式更多", L"描边样式更多"},  // 19
+    {L"TF,1750,x", 1, L"渐变", L"选择渐变为：x"},  // 21, after 20 without a sentence
+    {L"TF,2251,SimSun", 1, L"字体名称", L"选择字体名称：SimSun"},  // 23
+    {L"TF,2250,1", 1, L"切换文本方向", L"切换文本方向"},  // 30
+    {L"TF,2151,255", 1, L"形状填充纯色", L"设置形状填充纯色为：255"},  // 31 with a colour
+    {L"TF,2153,蓝色_01", 1, L"形状填充渐变", L"设置形状填充渐变为：蓝色_01"},  // 33, after 32 without a sentence
+    {L"TF,2158,0", 1, L"形状描边无颜色", L"设置形状描边无颜色"},  // 38 without a colour
+    {L"TF,2160,g", 1, L"形状描边渐变", L"设置形状描边渐变为:g"},  // 40: a plain colon
+    {L"TF,2161,1", 1, L"形状描边渐变参数", L"设置形状描边渐变参数"},  // 41: no place for the value
+    {L"TF,2164,1", 1, L"形状描边颜色", L"设置形状描边颜色"},  // 44, the last
+};
+
+TEST(ToolFeaturesRow, OneLinePerKindByValue) { test_support::ExpectSteps(kKindLines); }
+
 TEST(ToolFeaturesRow, RepresentativeLines) { test_support::ExpectSteps(kLineCases); }
 
 TEST(ToolFeaturesRow, DirectFunctionNeedsItemZero) {

@@ -38,6 +38,23 @@ constexpr LineCase kLineCases[] = {
     {L"VERBOSE,x", 1, L"详细引导", L"详细引导-前景色"},  // x reads as 0
 };
 
+// The names that the guidance codes take from their lists, checked at the ends of those lists.
+constexpr LineCase kListEnds[] = {
+    {L"VERBOSE,3,1,0", 1, L"详细引导", L"详细引导-调整边缘:边缘检测,参数：0"},
+    {L"VERBOSE,3,19,1", 1, L"详细引导", L"详细引导-调整边缘:确定,参数：1"},
+    {L"VERBOSE,4,1", 1, L"详细引导", L"详细引导-图层样式:效果"},
+    {L"VERBOSE,5,0", 1, L"详细引导", L"详细引导-调整图层:纯色"},
+    {L"VERBOSE,5,18", 1, L"详细引导", L"详细引导-调整图层:可选颜色"},
+    {L"VERBOSE,10,14", 1, L"CameraRaw", L"CameraRaw-设置面板:预设"},
+    {L"VERBOSE,20,0,0", 1, L"滤镜库", L"滤镜库-设置滤镜:滤镜库"},
+    {L"VERBOSE,20,0,265", 1, L"滤镜库", L"滤镜库-设置滤镜:涂抹棒"},
+};
+
+TEST(VerboseRowTest, NamesAtTheEndsOfTheirLists) {
+  Ostrel_Init();
+  ostrel::test_support::ExpectSteps(kListEnds);
+}
+
 TEST(VerboseRowTest, DispatchedLinesGiveTheirSteps) {
   Ostrel_Init();
   ostrel::test_support::ExpectSteps(kLineCases);

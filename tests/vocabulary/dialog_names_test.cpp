@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "ostrel/filters.h"
@@ -115,6 +117,72 @@ TEST(MenuPositions, ValuesGiveTheirPositionsOthersNone) {
   }
   EXPECT_EQ(MenuPositionRows().size(), 24u);
   EXPECT_EQ(Ostrel_PathOperationToMenuIndex(EnPathOpertion{5}), 6);  // skips a place
+}
+
+struct DialogWordCase {
+  std::wstring (*name)(int);
+  int number;
+  const wchar_t* expected;
+};
+
+// Words checked by value: the first and last of each list, the first after a gap, and the odd spellings.
+const DialogWordCase kDialogWords[] = {
+    {ByNumber<Ostrel_FilterGalleryToName>, 0, L"滤镜库"},
+    {ByNumber<Ostrel_FilterGalleryToName>, 50, L"画笔描边"},  // after the gap 3-49
+    {ByNumber<Ostrel_FilterGalleryToName>, 154, L"铬黄渐变"},
+    {ByNumber<Ostrel_FilterGalleryToName>, 265, L"涂抹棒"},
+    {ByNumber<Ostrel_CameraRawToName>, 0, L"基本"},
+    {ByNumber<Ostrel_CameraRawToName>, 5, L"HSL"},
+    {ByNumber<Ostrel_CameraRawToName>, 14, L"预设"},
+    {ByNumber<Ostrel_RefineEdgeToName>, 0, L"视图模式"},
+    {ByNumber<Ostrel_RefineEdgeToName>, 19, L"确定"},
+    {ByNumber<Ostrel_RefineEdgeSubclassToName>, 1, L"边缘检测"},
+    {ByNumber<Ostrel_RefineEdgeSubclassToName>, 4, L"输出设置"},
+    {ByNumber<Ostrel_RefineEdgeViewToName>, 0, L"洋葱皮"},
+    {ByNumber<Ostrel_RefineEdgeViewToName>, 6, L"图层"},
+    {ByNumber<Ostrel_RefineEdgeIndicateToName>, 1, L"选定区域"},
+    {ByNumber<Ostrel_RefineEdgeOutputToName>, 5, L"新建带有图层蒙版的文档"},
+    {ByNumber<Ostrel_CropOverlayToName>, 5, L"金色螺线"},
+    {ByNumber<Ostrel_FileTypeToName>, 0, L"psd"},
+    {ByNumber<Ostrel_FileTypeToName>, 3, L"png"},
+    {ByNumber<Ostrel_FontAntiAliasToName>, 5, L"WindowsLCD"},  // no blank, unlike the tool option list
+    {ByNumber<Ostrel_ShapeColorToName>, 3, L"图案"},
+    {ByNumber<Ostrel_BrushPresetIndexToName>, 1, L"画笔笔尖形状"},
+    {ByNumber<Ostrel_BrushPresetIndexToName>, 8192, L"画笔预设"},
+    {ByNumber<Ostrel_CanvasMenuIndexToName>, 0, L"自由变换"},
+    {ByNumber<Ostrel_CanvasMenuIndexToName>, 9, L"旋转 180 度"},
+    {ByNumber<Ostrel_CanvasMenuIndexToName>, 14, L"变换选区"},
+    {ByNumber<Ostrel_CanvasMenuIndexToName>, 50, L"删除切片"},  // after the gap 15-49
+    {ByNumber<Ostrel_CanvasMenuIndexToName>, 58, L"置为底层"},
+};
+
+TEST(DialogLists, WordsByValue) {
+  for (const DialogWordCase& c : kDialogWords) EXPECT_EQ(c.name(c.number), c.expected) << c.number;
+  const std::tuple<int (*)(int), int, int> kPositions[] = {
+      {ByNumber<Ostrel_CropOverlayOptionToMenuIndex>, 5, 5},
+      {ByNumber<Ostrel_PathOperationToMenuIndex>, 4, 4},
+      {ByNumber<Ostrel_AlignDistributeToMenuIndex>, 0, 4},
+      {ByNumber<Ostrel_AlignDistributeToMenuIndex>, 3, 0},
+      {ByNumber<Ostrel_AlignDistributeToMenuIndex>, 5, 2},
+      {ByNumber<Ostrel_AlignDistributeToMenuIndex>, 12, 8},
+      {ByNumber<Ostrel_AlignDistributeToMenuIndex>, 13, 9},
+      {ByNumber<Ostrel_ArrangementTypeToMenuIndex>, 3, 3},
+  };
+  for (const auto& [position, value, expected] : kPositions) EXPECT_EQ(position(value), expected) << value;
+}
+
+using FilterTable = test_support::BuiltTables;
+
+// Filters checked by value in the table that Ostrel_Init builds.
+TEST_F(FilterTable, FiltersByValue) {
+  const std::pair<int, const wchar_t*> kFilters[] = {
+      {0, L"查找边缘"}, {7, L"凸出"},   {20, L"表面模糊"},  {31, L"场景模糊"},
+      {61, L"USM 锐化"}, {140, L"HSB/HSL"}, {145, L"最小值"},
+  };
+  for (const auto& [number, name] : kFilters) {
+    EXPECT_EQ(Ostrel_LayerFilterIndexToName(EnLayerFilter{number}), name) << number;
+    EXPECT_EQ(Ostrel_LayerFilterNameToIndex(name), number);
+  }
 }
 
 }  // namespace

@@ -115,5 +115,46 @@ TEST(AdjustLayers, NumbersNamesAndListsOfEntries) {
   EXPECT_EQ(withList, 6u);
 }
 
+struct LayerWordCase {
+  std::wstring (*name)(int);
+  int number;
+  const wchar_t* expected;
+};
+
+// Words checked by value: the first and last of each list, the first after a gap, and the repeated or odd names.
+const LayerWordCase kLayerWords[] = {
+    {ByNumber<Ostrel_LayerBlendToName>, 0, L"穿透"},
+    {ByNumber<Ostrel_LayerBlendToName>, 11, L"线性减淡（添加）"},  // full-width brackets
+    {ByNumber<Ostrel_LayerBlendToName>, 27, L"明度"},
+    {ByNumber<LayerMaskToName>, 1, L"默认"},
+    {ByNumber<LayerMaskToName>, 16, L"剪切蒙版"},
+    {SelectModeName, 0, L"新选区"},
+    {SelectModeName, 3, L"与选区相交"},
+    {ByNumber<Ostrel_LayerMenuIndexToName>, 0, L"混合选项"},
+    {ByNumber<Ostrel_LayerMenuIndexToName>, 3, L"停用图层蒙版"},
+    {ByNumber<Ostrel_LayerMenuIndexToName>, 5, L"停用图层蒙版"},  // the text of 3 again
+    {ByNumber<Ostrel_LayerMenuIndexToName>, 25, L"栅格化矢量蒙版"},
+    {ByNumber<Ostrel_LayerMenuIndexToName>, 100, L"建立选区"},  // after the gap 26-99
+    {ByNumber<Ostrel_LayerMenuIndexToName>, 102, L"描边路径"},
+    {ByNumber<Ostrel_LayerStyleIndexToName>, 1, L"效果"},
+    {ByNumber<Ostrel_LayerStyleIndexToName>, 1024, L"颜色叠加"},
+    {ByNumber<Ostrel_LayerStyleIndexToName>, 32768, L"渐变叠加"},  // after the unused bits 2048-16384
+    {ByNumber<Ostrel_LayerStyleIndexToName>, 262144, L"投影"},
+    {ByNumber<Ostrel_AdjustLayerIndexToName>, 0, L"纯色"},
+    {ByNumber<Ostrel_AdjustLayerIndexToName>, 3, L"亮度对比度"},  // no slash, unlike the menu's
+    {ByNumber<Ostrel_AdjustLayerIndexToName>, 18, L"可选颜色"},
+};
+
+TEST(LayerVocabulary, WordsByValue) {
+  for (const LayerWordCase& c : kLayerWords) EXPECT_EQ(c.name(c.number), c.expected) << c.number;
+  EXPECT_EQ(LayerBlendFromId(L"passThrough"), 0);
+  EXPECT_EQ(LayerBlendFromId(L"blendSubtraction"), 22);
+  EXPECT_EQ(LayerBlendFromId(L"luminosity"), 27);
+  EXPECT_EQ(Ostrel_AdjustLayerCmbValueName(EnAdjustLayer{4}, 0), L"RGB");
+  EXPECT_EQ(Ostrel_AdjustLayerCmbValueName(EnAdjustLayer{8}, 6), L"洋红");
+  EXPECT_EQ(Ostrel_AdjustLayerCmbValueName(EnAdjustLayer{9}, 2), L"高光");
+  EXPECT_EQ(Ostrel_AdjustLayerCmbValueName(EnAdjustLayer{18}, 8), L"黑色");
+}
+
 }  // namespace
 }  // namespace ostrel

@@ -70,6 +70,42 @@ const ClassCase kClassCases[] = {
     {Ostrel_GetGradientPresetClass, L"粉彩_灰色_", L"灰色"},  // whatever the position in the name
 };
 
+// Names checked by value: the first and last name of each catalogue and of some classes, and the names kept
+// with their odd spellings.
+const ClassCase kCatalogueRows[] = {
+    {Ostrel_GetBrushPresetClass, L"柔边圆", L"通用画笔"},
+    {Ostrel_GetBrushPresetClass, L"园钝形中等硬", L"通用画笔"},  // 园 where its neighbours have 圆
+    {Ostrel_GetBrushPresetClass, L"粗边圆形钢笔", L"通用画笔"},
+    {Ostrel_GetBrushPresetClass, L"软圆压力不透明度和流量", L"常规画笔"},
+    {Ostrel_GetBrushPresetClass, L"Orsa 的绘画盒 - 快乐 HB", L"干介质画笔"},
+    {Ostrel_GetBrushPresetClass, L"Orsa 的屏幕色调 38", L"特殊效果画笔"},
+    {Ostrel_GetColorPresetClass, L"RGB 红", L"RGB"},
+    {Ostrel_GetColorPresetClass, L"10 % 灰色", L"灰度"},
+    {Ostrel_GetColorPresetClass, L"淡蓝色", L"浅色"},
+    {Ostrel_GetColorPresetClass, L"深黑淡绿", L"较暗"},
+    {Ostrel_GetColorPresetClass, L"深黑暖褐", L"淡色"},
+    {Ostrel_GetGradientPresetClass, L"前景色到背景色渐变", L"通用渐变"},
+    {Ostrel_GetGradientPresetClass, L"黑, 白渐变", L"通用渐变"},  // comma and blank
+    {Ostrel_GetGradientPresetClass, L"铜色渐变\t", L"通用渐变"},
+    {Ostrel_GetGradientPresetClass, L"中灰密度", L"通用渐变"},
+    {Ostrel_GetGradientPresetClass, L"我的粉彩_02", L"粉彩"},
+    {Ostrel_GetGradientPresetClass, L"沙地_02", L"中性色"},
+    {Ostrel_GetPatternPresetClass, L"右对角线 1", L"通用图案"},
+    {Ostrel_GetPatternPresetClass, L"树拼贴", L"树"},
+    {Ostrel_GetPatternPresetClass, L"水 - 清澈", L"水"},
+    {Ostrel_GetShapePresetClass, L"箭头 5", L"通用形状"},
+    {Ostrel_GetShapePresetClass, L"“禁止”标志", L"通用形状"},  // curly quotes
+    {Ostrel_GetShapePresetClass, L"爪印（猫）", L"通用形状"},
+    {Ostrel_GetShapePresetClass, L"棕桐树图标", L"有叶子的树"},  // 桐, not 榈
+    {Ostrel_GetShapePresetClass, L"形状 315", L"野生动物"},
+    {Ostrel_GetShapePresetClass, L"潜水艇", L"小船"},
+    {Ostrel_GetShapePresetClass, L"形状 42", L"花卉"},
+};
+
+TEST(PresetClassTest, NamesByValue) {
+  for (const ClassCase& c : kCatalogueRows) EXPECT_EQ(c.lookup(c.name), c.klass) << ToUtf8(c.name);
+}
+
 TEST(PresetClassTest, OddNamesAndFirstMatch) {
   for (const ClassCase& c : kClassCases) EXPECT_EQ(c.lookup(c.name), c.klass) << ToUtf8(c.name);
   for (ClassLookup lookup : kLookups) EXPECT_EQ(lookup(L""), L"");

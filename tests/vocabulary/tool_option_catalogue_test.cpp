@@ -104,5 +104,47 @@ TEST(ToolOptionCatalogue, OddRowsAndTheSetterThatDoesNothing) {
   EXPECT_EQ(Ostrel_SetToolFeatures(EnToolFeatures{-1}, 0), 1);
 }
 
+struct OptionCase {
+  int id;
+  int owner;
+  int kind;
+  const wchar_t* key;
+  const wchar_t* unit;
+};
+
+// Options checked by value through the four lookups: the first and last ids, ids after a gap, ids outside their
+// owner's block, and the odd keys and units.
+constexpr OptionCase kOptions[] = {
+    {0, 0, 0, L"AtSl", L""},                       // the first id
+    {3, 0, 3, L"", L""},
+    {50, 2, 3, L"selectionEnum", L""},             // after the gap 4-49
+    {55, 2, 4, L"FxdW", L"像素"},                  // a width twice in a block under two keys
+    {404, 9, 5, L"angle", L"%"},                   // an angle whose unit is %, as given
+    {519, -1, 4, L"aspectWidth", L""},             // a key and a kind but no owner
+    {556, 12, 2, L"", L""},                        // after 555, which is no option
+    {1008, 23, 9, L"name", L""},
+    {2113, 60, 43, L"", L""},                      // the rounded rectangle's, in the block of 46
+    {2225, 48, 15, L"FrPT", L"像素"},
+    {2264, 59, 44, L"", L""},                      // the rectangle's, in the block of 53
+    {2465, 59, 4, L"strokeStyleLineWidth", L"像素"},  // after the gap 2462-2464
+    {2513, 60, 4, L"strokeStyleLineWidth", L"像素"},  // two places earlier than in the other blocks
+    {2800, 67, 4, L"angle", L"%"},                 // the zoom tool's, in the block where 66 would be
+    {2904, 69, 4, L"", L"%"},                      // free transform, a rotation in %
+    {3002, 58, 14, L"", L""},
+    {3050, -1, 45, L"", L""},                      // the last id
+};
+
+TEST(ToolOptionCatalogue, OptionsByValue) {
+  EXPECT_EQ(ToolOptionCatalogue().size(), 643u);
+  for (const OptionCase& c : kOptions) {
+    SCOPED_TRACE(c.id);
+    const EnToolFeatures id{c.id};
+    EXPECT_EQ(Ostrel_ToolFeaturesIDToToolIndex(id), c.owner);
+    EXPECT_EQ(Ostrel_GetToolFeaturesType(id), c.kind);
+    EXPECT_EQ(Ostrel_ToolFeaturesToStringID(static_cast<unsigned>(c.id)), c.key);
+    EXPECT_EQ(Ostrel_GetToolFeaturesValueUnits(id), c.unit);
+  }
+}
+
 }  // namespace
 }  // namespace ostrel

@@ -113,6 +113,46 @@ TEST(ToolOptionNames, NameAndValueNameOfOddCases) {
   }
 }
 
+// Words checked by value: the first and last row of each table, numbers after a gap in a list, and the odd
+// spellings (full-width brackets, "Windows LCD" against "WindowsLCD", an option in two tables).
+constexpr WordCase kWordRows[] = {
+    {"first fixed name", 0, L"1", L"自动选择", L"1"},
+    {"last fixed name", 2906, L"5", L"垂直斜切", L"5"},
+    {"first name by value", 3, L"5", L"对齐方式", L"右对齐"},
+    {"name by value after the run of 0-5", 3, L"6", L"分布方式", L"按顶分布"},
+    {"last value of the first list", 653, L"11", L"分布方式", L"按右分布"},
+    {"last name by value", 3050, L"2", L"从选区减去", L"2"},
+    {"blend list after the gap 10-27", 955, L"27", L"模式", L"颜色"},
+    {"full-width brackets", 1006, L"12", L"模式", L"线性减淡（添加）"},
+    {"a button that is also in the mode list", 2530, L"1", L"建立蒙版", L"溶解"},
+    {"list counting from 3", 2168, L"3", L"描边端点样式", L"端面"},
+    {"list counting from 6, its last", 2169, L"8", L"描边角点样式", L"斜面"},
+    {"Windows LCD with a blank", 2254, L"5", L"字体消除锯齿", L"Windows LCD"},
+    {"-1 is no anti-aliasing", 2404, L"-1", L"字体消除锯齿", L"无"},
+    {"blanks inside a value name", 451, L"1", L"取样大小", L"3 x 3 平均"},
+    {"last value of a long list", 1357, L"12", L"混合画笔组合", L"非常潮湿，深混合"},
+    {"last value list", 2850, L"1", L"缩放方式", L"缩小"},
+    {"first fixed text", 401, L"30", L"笔刷预设", L"大小"},
+    {"one fixed text under two names", 2677, L"3", L"选项", L"宽度"},
+    {"last fixed text", 2853, L"1", L"细微缩放", L"细微缩放"},
+};
+
+TEST(ToolOptionNames, WordsByValue) {
+  for (const WordCase& c : kWordRows) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(Ostrel_ToolFeaturesToName(c.id, c.value), c.name);
+    EXPECT_EQ(Ostrel_ToolFeaturesValueToName(c.id, c.value), c.valueName);
+  }
+  const std::pair<const wchar_t*, const wchar_t*> kGradients[] = {
+      {L"$$$/DefaultGradient/ForegroundToBackground=Foreground to Background", L"前景色到背景色渐变"},  // first
+      {L"$$$/DefaultGradient/Spectrum=Spectrum", L"色谱"},  // the one without 渐变
+      {L"$$$/DefaultGradient/YellowVioletOrangeBlue=Yellow, Violet, Orange, Blue", L"黄紫橙蓝渐变"},
+  };
+  for (const auto& [name, chinese] : kGradients) EXPECT_EQ(Ostrel_TransfGradualName(name), chinese);
+  EXPECT_EQ(Ostrel_TransfPatternName(L"Dots 1"), L"网点 1");
+  EXPECT_EQ(Ostrel_TransfPatternName(L"Ant Farm"), L"蚁穴");
+}
+
 TEST(DefaultGradientAndPatternNames, WholeResourceStringsAndFirstSubstringFound) {
   EXPECT_EQ(Ostrel_TransfGradualName(L"$$$/DefaultGradient/Copper=Copper"), L"铜色渐变");
   EXPECT_EQ(Ostrel_TransfGradualName(L"$$$/DefaultGradient/NeutralDensity=Neutral Density"), L"中灰密度");

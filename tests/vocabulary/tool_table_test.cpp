@@ -73,5 +73,39 @@ TEST_F(ToolTableTest, NamesAreComparedWholeWithCaseAndColumnsNeverMix) {
   }
 }
 
+struct ToolRowCase {
+  size_t row;  // place in the search order
+  int index;
+  const wchar_t* nameCN;
+  const wchar_t* nameEN;
+};
+
+// Rows checked by value: the first and last, the rows around the gap at 69 and the one out of numeric order, and
+// Photoshop's ids that look like slips.
+constexpr ToolRowCase kToolRows[] = {
+    {0, -1, L"NULL", L"NULL"},                              // the row of no tool comes first
+    {1, 0, L"移动工具", L"moveTool"},
+    {10, 72, L"对象选择工具", L"magicLassoTool"},           // 72 between 8 and 9, with the magic lasso's id
+    {11, 9, L"快速选择工具", L"quickSelectTool"},
+    {19, 17, L"3D材质吸管工具", L"3DMaterialSelectTool"},
+    {25, 23, L"修复画笔工具", L"magicStampTool"},           // ids that don't end in Tool
+    {26, 24, L"修补工具", L"patchSelection"},
+    {27, 25, L"内容感知移动工具", L"recomposeSelection"},
+    {70, 68, L"编辑工具栏", L"editToolbar"},
+    {71, 70, L"调整边缘快速选择工具", L"RefineEdgeTool"},   // after the gap at 69; the shared English name
+    {72, 71, L"调整边缘画笔工具", L"RefineEdgeTool"},       // the last row
+};
+
+TEST_F(ToolTableTest, RowsByValue) {
+  ASSERT_EQ(ToolTable().size(), 73u);
+  for (const ToolRowCase& c : kToolRows) {
+    SCOPED_TRACE(c.row);
+    const tagToolInfo& row = ToolTable()[c.row];
+    EXPECT_EQ(row.nIndex, c.index);
+    EXPECT_EQ(row.strNameCN, c.nameCN);
+    EXPECT_EQ(row.strNameEN, c.nameEN);
+  }
+}
+
 }  // namespace
 }  // namespace ostrel

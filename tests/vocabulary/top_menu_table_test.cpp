@@ -104,6 +104,46 @@ TEST_F(BuiltTables, IndexToNameCopiesTheRowOrLeavesTheRecord) {
   EXPECT_EQ(info.strMenu2 + L">" + info.strMenu3, L"仿制源>");  // a two-level row clears the third level
 }
 
+struct MenuCase {
+  int index;
+  const wchar_t* menu1;
+  const wchar_t* menu2;
+  const wchar_t* menu3;
+  const wchar_t* history;
+};
+
+// Commands checked by value: the first and last, the first after each gap in the numbering, and the history
+// names that differ from the path.
+constexpr MenuCase kMenus[] = {
+    {0, L"文件", L"新建", L"", L"新建"},
+    {3, L"文件", L"打开为", L"", L"打开"},  // after 2, which is no command
+    {100, L"编辑", L"填充", L"", L"填充"},
+    {213, L"图像", L"图像旋转", L"水平翻转画布", L"垂直翻转画布"},  // crosswise
+    {214, L"图像", L"图像旋转", L"垂直翻转画布", L"水平翻转画布"},
+    {236, L"图像", L"调整", L"HDR 色调", L""},
+    {400, L"文字", L"栅格化文字图层", L"", L"栅格化文字"},
+    {601, L"滤镜", L"转换为智能滤镜", L"", L"转换为智能对象"},
+    {620, L"滤镜", L"风格化", L"查找边缘", L"查找边缘"},  // after the gap 605-619
+    {681, L"滤镜", L"锐化", L"USM 锐化", L"USM 锐化"},
+    {760, L"滤镜", L"其它", L"HSB/HSL", L"HSBHSL"},
+    {802, L"窗口", L"仿制源", L"", L""},
+};
+
+TEST_F(BuiltTables, CommandsByValue) {
+  for (const MenuCase& c : kMenus) {
+    SCOPED_TRACE(c.index);
+    tagTopMenuInfo info;
+    ASSERT_EQ(Ostrel_TopMenuIndexToName(EnTopMenuIndex{c.index}, info), 1);
+    EXPECT_EQ(info.nIndex, c.index);
+    EXPECT_EQ(info.strMenu1, c.menu1);
+    EXPECT_EQ(info.strMenu2, c.menu2);
+    EXPECT_EQ(info.strMenu3, c.menu3);
+    EXPECT_EQ(Ostrel_TopMenuToHistoryName(EnTopMenuIndex{c.index}), c.history);
+  }
+  EXPECT_EQ(Ostrel_TopMenuToHistoryName(EnTopMenuIndex{651}), L"场景模糊");
+  EXPECT_EQ(Ostrel_TopMenuToHistoryName(EnTopMenuIndex{652}), L"光圈模糊");
+}
+
 // A filter's number is its top menu number less 620, so the two tables check each other row by row; the blur
 // gallery filters have a history name only.
 TEST_F(BuiltTables, EveryFilterIsItsTopMenuCommandAndNamesRoundTrip) {

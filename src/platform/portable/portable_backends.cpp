@@ -193,6 +193,7 @@ std::vector<std::wstring> SplitIniLines(const std::wstring& text) {
       line += c;
     }
   }
+  if (!line.empty() && line.back() == L'\r') line.pop_back();  // a file cut between the CR and the LF
   if (!line.empty()) lines.push_back(line);
   return lines;
 }
@@ -221,52 +222,73 @@ std::optional<std::pair<std::wstring, std::wstring>> EntryOf(const std::wstring&
                         TrimBlanks(std::wstring_view(line).substr(equals + 1)));
 }
 
-}  // namespace
+// A value as the profile functions hand it out: one pair of matching single or double quotes around it is
+// dropped, so that a value can keep blanks at its ends.
+std::wstring Unquoted(std::wstring value) {
+  const bool quoted = value.size() >= 2 && (value.front() == L'"' || value.front() == L'\'') &&
+                      value.back() == value.front();
+  if (quoted) return value.substr(1, value.size() - 2);
+  return value;
+}
 
-std::optional<std::wstring> FileIniStore::GetString(const std::wstring& file, const std::wstring& section,
-                                                    const std::wstring& key) {
-  const std::optional<std::string> bytes = ReadFileBytes(file);
-  if (!bytes) return std::nullopt;
-  const std::wstring wantedSection = AsciiLower(section), wantedKey = AsciiLower(key);
-  bool inSection = false;
-  for (const std::wstring& line : SplitIniLines(DecodeIniText(*bytes))) {
-    if (const auto name = SectionOf(line)) {
-      inSection = AsciiLower(*name) == wantedSection;
-      continue;
-    }
-    if (!inSection) continue;
-    const auto entry = EntryOf(line);
-    if (entry && AsciiLower(entry->first) == wantedKey) return entry->second;
+// The lines of the first section of the given name (in lower case): from its header to the next header. Like
+// the profile functions, reads and writes see only the first of several sections with one name.
+struct SectionSpan {
+  size_t header = 0;
+  size_t end = 0;
+};
+
+std::optional<SectionSpan> FindSection(const std::vector<std::wstring>& lines, const std::wstring& wantedSection) {
+  for (size_t i = 0; i < lines.size(); ++i) {
+    const auto name = SectionOf(lines[i]);
+    if (!name || AsciiLower(*name) != wantedSection) continue;
+    size_t end = i + 1;
+    while (end < lines.size() && !SectionOf(lines[end])) ++end;
+    return SectionSpan{i, end};
   }
   return std::nullopt;
 }
 
+// The line of the section's first entry with the given key (in lower case), or nothing.
+std::optional<size_t> FindEntry(const std::vector<std::wstring>& lines, const SectionSpan& section,
+                                const std::wstring& wantedKey) {
+  for (size_t i = section.header + 1; i < section.end; ++i) {
+    const auto entry = EntryOf(lines[i]);
+    if (entry && AsciiLower(entry->first) == wantedKey) return i;
+  }
+  return std::nullopt;
+}
+
+std::vector<std::wstring> ReadIniLines(const std::wstring& file) {
+  if (const std::optional<std::string> bytes = ReadFileBytes(file)) return SplitIniLines(DecodeIniText(*bytes));
+  return {};
+}
+
+}  // namespace
+
+std::optional<std::wstring> FileIniStore::GetString(const std::wstring& file, const std::wstring& section,
+                                                    const std::wstring& key) {
+  const std::vector<std::wstring> lines = ReadIniLines(file);
+  const std::optional<SectionSpan> found = FindSection(lines, AsciiLower(section));
+  if (!found) return std::nullopt;
+  const std::optional<size_t> line = FindEntry(lines, *found, AsciiLower(key));
+  if (!line) return std::nullopt;
+  return Unquoted(EntryOf(lines[*line])->second);
+}
+
 bool FileIniStore::SetString(const std::wstring& file, const std::wstring& section, const std::wstring& key,
                              const std::wstring& value) {
-  std::vector<std::wstring> lines;
-  if (const std::optional<std::string> bytes = ReadFileBytes(file)) lines = SplitIniLines(DecodeIniText(*bytes));
-  const std::wstring wantedSection = AsciiLower(section), wantedKey = AsciiLower(key);
+  std::vector<std::wstring> lines = ReadIniLines(file);
   const std::wstring entry = key + L"=" + value;
-  bool inSection = false, done = false;
-  size_t sectionEnd = std::wstring::npos;  // where a new key of the section goes
-  for (size_t i = 0; i < lines.size() && !done; ++i) {
-    if (const auto name = SectionOf(lines[i])) {
-      inSection = AsciiLower(*name) == wantedSection;
-      if (inSection) sectionEnd = i + 1;
-      continue;
+  if (const std::optional<SectionSpan> found = FindSection(lines, AsciiLower(section))) {
+    if (const std::optional<size_t> line = FindEntry(lines, *found, AsciiLower(key))) {
+      lines[*line] = entry;
+    } else {
+      size_t at = found->end;  // a new key goes behind the section's last line that isn't blank
+      while (at > found->header + 1 && TrimBlanks(lines[at - 1]).empty()) --at;
+      lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), entry);
     }
-    if (!inSection) continue;
-    const auto current = EntryOf(lines[i]);
-    if (current && AsciiLower(current->first) == wantedKey) {
-      lines[i] = entry;
-      done = true;
-    } else if (!TrimBlanks(lines[i]).empty()) {
-      sectionEnd = i + 1;
-    }
-  }
-  if (!done && sectionEnd != std::wstring::npos) {
-    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(sectionEnd), entry);
-  } else if (!done) {
+  } else {
     lines.push_back(L"[" + section + L"]");
     lines.push_back(entry);
   }

@@ -71,7 +71,9 @@ class MemoryRegistry final : public IRegistry {
 };
 
 // Ini files on disk, read as UTF-8 (a UTF-8 or UTF-16LE byte order mark is honoured) and written as UTF-8 with
-// CR LF line ends. Sections and keys compare without regard to ASCII case, as the profile functions do.
+// CR LF line ends. As the profile functions do, sections and keys compare without regard to ASCII case, blanks
+// around keys and values and one pair of quotes around a value are dropped, the first of two keys (or sections)
+// with one name is the one read and written, and keys before the first section belong to none.
 class FileIniStore final : public IIniStore {
  public:
   std::optional<std::wstring> GetString(const std::wstring& file, const std::wstring& section,
