@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,6 +41,9 @@ class ITextEncoding {
  public:
   virtual ~ITextEncoding() = default;
   virtual std::string ToCodePage936(std::wstring_view text) = 0;
+  // Decodes code page 936 (GBK) bytes into wide text. Gives nothing when a byte sequence isn't valid in the code
+  // page, with badOffset set to the offset of its first byte; no byte is ever replaced.
+  virtual std::optional<std::wstring> FromCodePage936(std::string_view bytes, size_t& badOffset) = 0;
 };
 
 // The keys of the host's parameter library that the library reads.

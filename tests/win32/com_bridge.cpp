@@ -59,17 +59,14 @@ class BridgeDispatch final : public IDispatch {
   DispatchPtr m_object;
 };
 
-IDispatch* BridgeToCom(const DispatchPtr& object) { return new BridgeDispatch(object); }
+win32::ComPtr<IDispatch> BridgeToCom(const DispatchPtr& object) {
+  return win32::ComPtr<IDispatch>::Adopt(new BridgeDispatch(object));
+}
 
 DispatchPtr BridgeFromCom(IDispatch* dispatch) {
-  void* own = nullptr;
-  if (SUCCEEDED(dispatch->QueryInterface(kBridgeIid, &own))) {
-    auto* bridge = static_cast<BridgeDispatch*>(static_cast<IDispatch*>(own));
-    DispatchPtr object = bridge->Object();
-    bridge->Release();
-    return object;
-  }
-  return nullptr;  // only the bridge's own objects travel here
+  win32::ComPtr<IDispatch> own;
+  if (FAILED(dispatch->QueryInterface(kBridgeIid, own.PutVoid()))) return nullptr;  // only our objects come here
+  return static_cast<BridgeDispatch*>(own.Get())->Object();
 }
 
 const win32::DispatchCrossing kBridgeCrossing{BridgeToCom, BridgeFromCom};
@@ -89,17 +86,14 @@ HRESULT BridgeDispatch::Invoke(DISPID dispId, REFIID, LCID, WORD flags, DISPPARA
       args.push_back(win32::FromComVariant(params->rgvarg[count - 1 - i], kBridgeCrossing));
     }
     const Variant answer = m_object->Invoke(dispId, KindOf(flags), args);
-    if (result) {
-      VariantInit(result);
-      win32::ToComVariant(answer, *result, kBridgeCrossing);
-    }
+    if (result) *result = win32::ToComVariant(answer, kBridgeCrossing).Release();
     return S_OK;
   } catch (const AutomationError& failure) {
     if (exception) {
       *exception = EXCEPINFO{};
       exception->scode = failure.code();
-      exception->bstrDescription = SysAllocString(failure.description().c_str());
-      exception->bstrSource = SysAllocString(L"Simulated Photoshop");
+      exception->bstrDescription = win32::Bstr::CopyOf(failure.description()).Release();
+      exception->bstrSource = win32::Bstr::CopyOf(L"Simulated Photoshop").Release();
     }
     return DISP_E_EXCEPTION;
   } catch (...) {
@@ -198,6 +192,8 @@ ComBridge::~ComBridge() {
   RemovePhotoshopProgIds();
 }
 
-long ComBridge::LiveObjects() { return g_liveObjects.load(); }
+long ComBridge::LiveObjects() {
+  return g_liveObjects.load();
+}
 
 }  // namespace ostrel::testing

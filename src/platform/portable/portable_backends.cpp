@@ -330,6 +330,11 @@ std::string PortableEncoding::ToCodePage936(std::wstring_view text) {
   return out;
 }
 
+// The portable decoder comes from another branch; this placeholder only keeps the build whole.
+std::optional<std::wstring> PortableEncoding::FromCodePage936(std::string_view, size_t&) {
+  throw std::logic_error("not in this branch");
+}
+
 // ---- Parameters ----------------------------------------------------------------------------------------------
 
 std::wstring ProcessParameters::GetString(EnTallyKey key) {

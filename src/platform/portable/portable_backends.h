@@ -102,6 +102,7 @@ class LocalClock final : public IClock {
 class PortableEncoding final : public ITextEncoding {
  public:
   std::string ToCodePage936(std::wstring_view text) override;
+  std::optional<std::wstring> FromCodePage936(std::string_view bytes, size_t& badOffset) override;
 };
 
 // Parameters that the host sets in the process with Set, or, for a key never set, the environment variable
