@@ -14,6 +14,7 @@ namespace ostrel::testing {
 namespace {
 
 std::atomic<long> g_liveObjects{0};
+std::atomic<DWORD> g_lastServingThread{0};
 
 // {4F5354-...}: the interface by which the bridge recognises its own wrappers coming back as arguments.
 const IID kBridgeIid = {0x4f53544c, 0x4252, 0x4944, {0x47, 0x45, 0x00, 0x00, 0x00, 0x00, 0x00, 0x01}};
@@ -79,6 +80,7 @@ InvokeKind KindOf(WORD flags) {
 
 HRESULT BridgeDispatch::Invoke(DISPID dispId, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
                                EXCEPINFO* exception, UINT*) {
+  g_lastServingThread = GetCurrentThreadId();
   try {
     std::vector<Variant> args;
     const UINT count = params ? params->cArgs : 0;
@@ -194,6 +196,10 @@ ComBridge::~ComBridge() {
 
 long ComBridge::LiveObjects() {
   return g_liveObjects.load();
+}
+
+DWORD ComBridge::LastServingThread() {
+  return g_lastServingThread.load();
 }
 
 }  // namespace ostrel::testing

@@ -40,6 +40,15 @@ DispatchPtr ClientFromCom(IDispatch* dispatch) {
   return std::make_shared<ComDispatchObject>(ComPtr<IDispatch>::CopyOf(dispatch));
 }
 
+// An object of ours as an IDispatch reference; a null object is COM's null. An object that doesn't live in COM
+// can't cross.
+ComPtr<IDispatch> DispatchToCom(const DispatchPtr& object, const DispatchCrossing& crossing) {
+  if (!object) return {};
+  ComPtr<IDispatch> dispatch = crossing.toCom(object);
+  if (!dispatch) ThrowTypeMismatch();
+  return dispatch;
+}
+
 Variant FromUnknown(IUnknown* unknown, const DispatchCrossing& crossing) {
   ComPtr<IDispatch> dispatch;
   if (!unknown || FAILED(unknown->QueryInterface(IID_IDispatch, dispatch.PutVoid()))) return Variant::Dispatch(nullptr);
@@ -57,35 +66,32 @@ ScopedVariant ToComVariant(const Variant& value, const DispatchCrossing& crossin
   ScopedVariant out;
   switch (value.type()) {
     case VarType::kEmpty:
-      return out;
+      break;
     case VarType::kI2:
       out.SetI2(static_cast<SHORT>(value.AsI4()));
-      return out;
+      break;
     case VarType::kI4:
       out.SetI4(value.AsI4());
-      return out;
+      break;
     case VarType::kR8:
       out.SetR8(value.AsR8());
-      return out;
+      break;
     case VarType::kBool:
       out.SetBool(value.AsBool());
-      return out;
+      break;
     case VarType::kBstr:
       out.SetBstr(Bstr::CopyOf(value.AsBstr()));
-      return out;
-    case VarType::kDispatch: {
-      ComPtr<IDispatch> dispatch = value.AsDispatch() ? crossing.toCom(value.AsDispatch()) : ComPtr<IDispatch>();
-      if (value.AsDispatch() && !dispatch) ThrowTypeMismatch();  // an object that doesn't live in COM
-      out.SetDispatch(std::move(dispatch));
-      return out;
-    }
+      break;
+    case VarType::kDispatch:
+      out.SetDispatch(DispatchToCom(value.AsDispatch(), crossing));
+      break;
     case VarType::kArray:
       out.SetVariantArray(ToSafeArray(value.AsArray(), crossing));
-      return out;
-    case VarType::kVariant:
       break;
+    case VarType::kVariant:
+      ThrowTypeMismatch();  // no bare VARIANT kind crosses
   }
-  ThrowTypeMismatch();
+  return out;
 }
 
 Variant FromComVariant(const VARIANT& value, const DispatchCrossing& crossing) {

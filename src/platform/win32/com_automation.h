@@ -1,8 +1,9 @@
 // Automation over real COM: objects created by ProgID and called through IDispatch::Invoke.
 #pragma once
 
-#include <oaidl.h>
 #include <windows.h>
+
+#include <oaidl.h>
 
 #include "platform/automation.h"
 #include "platform/win32/holders.h"

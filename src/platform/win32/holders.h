@@ -4,8 +4,9 @@
 // These are the only places that free or count references by hand.
 #pragma once
 
-#include <oleauto.h>
 #include <windows.h>
+
+#include <oleauto.h>
 
 #include <cstddef>
 #include <optional>

@@ -1,7 +1,8 @@
 // The Windows backends: COM automation, the system's code page 936 converter, ini files through the profile
 // functions, the registry, the local clock and the well-known folders.
-#include <shlobj.h>
 #include <windows.h>
+
+#include <shlobj.h>
 
 #include <climits>
 #include <stdexcept>
