@@ -54,6 +54,8 @@ constexpr CallerCase kCallerCases[] = {
     {"MultithreadedApartment", COINIT_MULTITHREADED, Apartment::kMultithreaded, Apartment::kMultithreaded, false},
 };
 
+void PrintTo(const CallerCase& c, std::ostream* os) { *os << c.name; }
+
 // What one caller thread saw.
 struct CallerReport {
   Apartment before = Apartment::kOther;  // after the thread's own initialization, before the library
@@ -131,6 +133,8 @@ constexpr InitializeCase kInitializeCases[] = {
     {"NoApartment", std::nullopt, S_OK, S_FALSE, Apartment::kMultithreaded},
     {"MultithreadedApartment", COINIT_MULTITHREADED, S_FALSE, S_FALSE, Apartment::kMultithreaded},
 };
+
+void PrintTo(const InitializeCase& c, std::ostream* os) { *os << c.name; }
 
 class InitializeTest : public ::testing::TestWithParam<InitializeCase> {};
 

@@ -35,6 +35,8 @@ constexpr DecodeCase kCases[] = {
     {"FirstBadOneCounts", "\xBE\xD8\x81\x7F\xFF", false, L"", 2},
 };
 
+void PrintTo(const DecodeCase& c, std::ostream* os) { *os << c.name; }
+
 class CodePage936Test : public ::testing::TestWithParam<DecodeCase> {};
 
 TEST_P(CodePage936Test, DecodesOrSaysWhereItCantStart) {

@@ -104,9 +104,13 @@ TEST(ScopedVariantTest, EverySetterAndReceiveLetGoOfWhatWasHeld) {
   EXPECT_EQ(stub.References(), 0);
   EXPECT_EQ(out->vt, VT_EMPTY);
 
+  CountingDispatch other;
   variant.SetDispatch(ComPtr<IDispatch>::CopyOf(&stub));
-  variant.SetI4(3);
+  variant.SetDispatch(ComPtr<IDispatch>::CopyOf(&other));
   EXPECT_EQ(stub.References(), 0);
+  EXPECT_EQ(other.References(), 1);
+  variant.SetI4(3);
+  EXPECT_EQ(other.References(), 0);
 }
 
 TEST(ScopedVariantTest, MoveAndReleaseHandTheReferenceOverWithoutCounting) {
