@@ -3,6 +3,7 @@
 // it reaches the real Photoshop: from outside its own apartment, through proxies. Each scenario runs on a thread
 // of its own and reports what it saw; the checks run on the main thread.
 #include <gtest/gtest.h>
+
 #include <objbase.h>
 
 #include <optional>

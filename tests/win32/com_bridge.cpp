@@ -78,6 +78,23 @@ InvokeKind KindOf(WORD flags) {
   return InvokeKind::kPropertyGet;
 }
 
+// A backend's failure as a server's own error: its code and text in EXCEPINFO. Nothing may leave a COM method by
+// exception, so a text that can't be allocated makes the call fail as out of memory.
+HRESULT ReportFailure(const AutomationError& failure, EXCEPINFO* exception) noexcept {
+  if (!exception) return DISP_E_EXCEPTION;
+  try {
+    win32::Bstr description = win32::Bstr::CopyOf(failure.description());
+    win32::Bstr source = win32::Bstr::CopyOf(L"Simulated Photoshop");
+    *exception = EXCEPINFO{};
+    exception->scode = failure.code();
+    exception->bstrDescription = description.Release();
+    exception->bstrSource = source.Release();
+    return DISP_E_EXCEPTION;
+  } catch (const AutomationError&) {
+    return E_OUTOFMEMORY;
+  }
+}
+
 HRESULT BridgeDispatch::Invoke(DISPID dispId, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
                                EXCEPINFO* exception, UINT*) {
   g_lastServingThread = GetCurrentThreadId();
@@ -91,13 +108,7 @@ HRESULT BridgeDispatch::Invoke(DISPID dispId, REFIID, LCID, WORD flags, DISPPARA
     if (result) *result = win32::ToComVariant(answer, kBridgeCrossing).Release();
     return S_OK;
   } catch (const AutomationError& failure) {
-    if (exception) {
-      *exception = EXCEPINFO{};
-      exception->scode = failure.code();
-      exception->bstrDescription = win32::Bstr::CopyOf(failure.description()).Release();
-      exception->bstrSource = win32::Bstr::CopyOf(L"Simulated Photoshop").Release();
-    }
-    return DISP_E_EXCEPTION;
+    return ReportFailure(failure, exception);
   } catch (...) {
     return E_FAIL;
   }
@@ -194,12 +205,8 @@ ComBridge::~ComBridge() {
   RemovePhotoshopProgIds();
 }
 
-long ComBridge::LiveObjects() {
-  return g_liveObjects.load();
-}
+long ComBridge::LiveObjects() { return g_liveObjects.load(); }
 
-DWORD ComBridge::LastServingThread() {
-  return g_lastServingThread.load();
-}
+DWORD ComBridge::LastServingThread() { return g_lastServingThread.load(); }
 
 }  // namespace ostrel::testing

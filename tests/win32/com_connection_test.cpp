@@ -1,6 +1,7 @@
 // The connection and the dispatch layer through real COM: ProgIDs found by CLSIDFromProgID, objects made by
 // CoCreateInstance, every call a real IDispatch::Invoke, and failures coming back as DISP_E_EXCEPTION.
 #include <gtest/gtest.h>
+
 #include <objbase.h>
 
 #include "../frame/fake_automation.h"

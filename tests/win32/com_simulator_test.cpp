@@ -2,6 +2,7 @@
 // VARIANTs, references travel back into executeActionGet as IDispatch arguments, and a failure at any call
 // gives the default and leaves no COM object and no simulated object alive.
 #include <gtest/gtest.h>
+
 #include <objbase.h>
 
 #include "com_bridge.h"

@@ -135,9 +135,7 @@ class ProfileIniStore final : public IIniStore {
   StdFileSystem m_files;
 };
 
-HKEY RootOf(RegistryHive hive) {
-  return hive == RegistryHive::kLocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
-}
+HKEY RootOf(RegistryHive hive) { return hive == RegistryHive::kLocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }
 
 // Opens key for setting values, making it and the keys above it where missing; an empty holder when it can't.
 Hkey OpenForWriting(RegistryHive hive, const std::wstring& key) {
@@ -151,7 +149,8 @@ Hkey OpenForWriting(RegistryHive hive, const std::wstring& key) {
 
 class Win32Registry final : public IRegistry {
  public:
-  std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key, const std::wstring& name) override {
+  std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key,
+                                        const std::wstring& name) override {
     DWORD bytes = 0;
     if (RegGetValueW(RootOf(hive), key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &bytes) !=
         ERROR_SUCCESS) {
@@ -179,8 +178,8 @@ class Win32Registry final : public IRegistry {
     const Hkey opened = OpenForWriting(hive, key);
     if (!opened) return false;
     const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-    return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), bytes) ==
-           ERROR_SUCCESS;
+    return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                          bytes) == ERROR_SUCCESS;
   }
   bool SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) override {
     const Hkey opened = OpenForWriting(hive, key);
