@@ -1,6 +1,7 @@
 // Automation over real COM.
 #include "platform/win32/com_automation.h"
 
+#include <climits>
 #include <vector>
 
 namespace ostrel::win32 {
