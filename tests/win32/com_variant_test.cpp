@@ -139,6 +139,16 @@ ScopedVariant ClaimedVariantArray(SafeArray array) {
   return variant;
 }
 
+// An array of two elements of type vt that are as large as VARIANTs, so that only their type tells them apart.
+SafeArray VariantSizedArrayOf(VARTYPE vt) {
+  SafeArray array;
+  OSTREL_CHECK_HR(SafeArrayAllocDescriptorEx(vt, 1, array.Put()));
+  array.Get()->cbElements = sizeof(VARIANT);
+  array.Get()->rgsabound[0] = SAFEARRAYBOUND{2, 0};
+  OSTREL_CHECK_HR(SafeArrayAllocData(array.Get()));
+  return array;
+}
+
 TEST(ComVariantTest, ArraysAreReadInOrderFromTheirLowerBound) {
   ScopedVariant first, second, third;
   first.SetI4(10);
@@ -155,7 +165,7 @@ TEST(ComVariantTest, ArraysAreReadInOrderFromTheirLowerBound) {
 TEST(ComVariantTest, ArraysOfAnotherShapeOrElementTypeAreTypeMismatches) {
   SAFEARRAYBOUND square[2] = {{2, 0}, {2, 0}};
   const ScopedVariant twoDimensions = ClaimedVariantArray(SafeArray(SafeArrayCreate(VT_VARIANT, 2, square)));
-  const ScopedVariant numbersClaimedAsVariants = ClaimedVariantArray(SafeArray(SafeArrayCreateVector(VT_I4, 0, 2)));
+  const ScopedVariant numbersClaimedAsVariants = ClaimedVariantArray(VariantSizedArrayOf(VT_I4));
   const ScopedVariant numbers = [] {  // honest about its elements, but not a kind that crosses
     ScopedVariant variant;
     VARIANT* raw = variant.Receive();
@@ -168,6 +178,8 @@ TEST(ComVariantTest, ArraysOfAnotherShapeOrElementTypeAreTypeMismatches) {
     ExpectTypeMismatch([&] { FromComVariant(com->Get()); });
     EXPECT_EQ(com->Get().parray->cLocks, 0u);
   }
+  const ScopedVariant none = ClaimedVariantArray(SafeArray());
+  ExpectTypeMismatch([&] { FromComVariant(none.Get()); });
 }
 
 TEST(ComVariantTest, AConversionThatFailsHalfWayLeavesNoReferenceBehind) {

@@ -210,17 +210,5 @@ TEST(SafeArrayLockTest, CountsFromBothBoundsAndHoldsOneLockWhileOpen) {
   EXPECT_TRUE(SafeArrayLock<VT_VARIANT>::Open(empty.Get())->Elements().empty());
 }
 
-TEST(SafeArrayLockTest, RefusesAnotherShapeOrElementTypeWithoutLocking) {
-  SAFEARRAYBOUND square[2] = {{2, 0}, {2, 0}};
-  const SafeArray twoDimensions(SafeArrayCreate(VT_VARIANT, 2, square));
-  const SafeArray numbers(SafeArrayCreateVector(VT_I4, 0, 2));
-  for (const SafeArray* array : {&twoDimensions, &numbers}) {
-    SCOPED_TRACE(array == &numbers ? "VT_I4 elements" : "two dimensions");
-    EXPECT_FALSE(SafeArrayLock<VT_VARIANT>::Open(array->Get()));
-    EXPECT_EQ(array->Get()->cLocks, 0u);
-  }
-  EXPECT_FALSE(SafeArrayLock<VT_VARIANT>::Open(nullptr));
-}
-
 }  // namespace
 }  // namespace ostrel
