@@ -98,7 +98,8 @@ class IAutomationObject {
 class IAutomation {
  public:
   virtual ~IAutomation() = default;
-  // Initializes automation for the calling thread (multithreaded); gives the runtime's result code.
+  // Initializes automation for the calling thread: a thread without an apartment joins the multithreaded one, a
+  // thread that has one keeps it (COM answers RPC_E_CHANGED_MODE then). Gives the runtime's result code.
   virtual int32_t Initialize() = 0;
   // Creates the object registered under progId, or throws AutomationError with the creation's result code.
   virtual DispatchPtr Create(const std::wstring& progId) = 0;

@@ -14,6 +14,7 @@ namespace ostrel::testing {
 namespace {
 
 std::atomic<long> g_liveObjects{0};
+std::atomic<DWORD> g_lastServingThread{0};
 
 // {4F5354-...}: the interface by which the bridge recognises its own wrappers coming back as arguments.
 const IID kBridgeIid = {0x4f53544c, 0x4252, 0x4944, {0x47, 0x45, 0x00, 0x00, 0x00, 0x00, 0x00, 0x01}};
@@ -59,17 +60,14 @@ class BridgeDispatch final : public IDispatch {
   DispatchPtr m_object;
 };
 
-IDispatch* BridgeToCom(const DispatchPtr& object) { return new BridgeDispatch(object); }
+win32::ComPtr<IDispatch> BridgeToCom(const DispatchPtr& object) {
+  return win32::ComPtr<IDispatch>::Adopt(new BridgeDispatch(object));
+}
 
 DispatchPtr BridgeFromCom(IDispatch* dispatch) {
-  void* own = nullptr;
-  if (SUCCEEDED(dispatch->QueryInterface(kBridgeIid, &own))) {
-    auto* bridge = static_cast<BridgeDispatch*>(static_cast<IDispatch*>(own));
-    DispatchPtr object = bridge->Object();
-    bridge->Release();
-    return object;
-  }
-  return nullptr;  // only the bridge's own objects travel here
+  win32::ComPtr<IDispatch> own;
+  if (FAILED(dispatch->QueryInterface(kBridgeIid, own.PutVoid()))) return nullptr;  // only our objects come here
+  return static_cast<BridgeDispatch*>(own.Get())->Object();
 }
 
 const win32::DispatchCrossing kBridgeCrossing{BridgeToCom, BridgeFromCom};
@@ -80,8 +78,26 @@ InvokeKind KindOf(WORD flags) {
   return InvokeKind::kPropertyGet;
 }
 
+// A backend's failure as a server's own error: its code and text in EXCEPINFO. Nothing may leave a COM method by
+// exception, so a text that can't be allocated makes the call fail as out of memory.
+HRESULT ReportFailure(const AutomationError& failure, EXCEPINFO* exception) noexcept {
+  if (!exception) return DISP_E_EXCEPTION;
+  try {
+    win32::Bstr description = win32::Bstr::CopyOf(failure.description());
+    win32::Bstr source = win32::Bstr::CopyOf(L"Simulated Photoshop");
+    *exception = EXCEPINFO{};
+    exception->scode = failure.code();
+    exception->bstrDescription = description.Release();
+    exception->bstrSource = source.Release();
+    return DISP_E_EXCEPTION;
+  } catch (const AutomationError&) {
+    return E_OUTOFMEMORY;
+  }
+}
+
 HRESULT BridgeDispatch::Invoke(DISPID dispId, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
                                EXCEPINFO* exception, UINT*) {
+  g_lastServingThread = GetCurrentThreadId();
   try {
     std::vector<Variant> args;
     const UINT count = params ? params->cArgs : 0;
@@ -89,19 +105,10 @@ HRESULT BridgeDispatch::Invoke(DISPID dispId, REFIID, LCID, WORD flags, DISPPARA
       args.push_back(win32::FromComVariant(params->rgvarg[count - 1 - i], kBridgeCrossing));
     }
     const Variant answer = m_object->Invoke(dispId, KindOf(flags), args);
-    if (result) {
-      VariantInit(result);
-      win32::ToComVariant(answer, *result, kBridgeCrossing);
-    }
+    if (result) *result = win32::ToComVariant(answer, kBridgeCrossing).Release();
     return S_OK;
   } catch (const AutomationError& failure) {
-    if (exception) {
-      *exception = EXCEPINFO{};
-      exception->scode = failure.code();
-      exception->bstrDescription = SysAllocString(failure.description().c_str());
-      exception->bstrSource = SysAllocString(L"Simulated Photoshop");
-    }
-    return DISP_E_EXCEPTION;
+    return ReportFailure(failure, exception);
   } catch (...) {
     return E_FAIL;
   }
@@ -199,5 +206,7 @@ ComBridge::~ComBridge() {
 }
 
 long ComBridge::LiveObjects() { return g_liveObjects.load(); }
+
+DWORD ComBridge::LastServingThread() { return g_lastServingThread.load(); }
 
 }  // namespace ostrel::testing

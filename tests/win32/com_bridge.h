@@ -23,6 +23,9 @@ class ComBridge {
 
   // How many bridge objects (IDispatch wrappers and factories) are alive in this process.
   static long LiveObjects();
+  // The thread on which the last call reached a bridge object: the caller's own when the caller is in the
+  // apartment that registered the bridge, a thread of that apartment when the call came through a proxy.
+  static DWORD LastServingThread();
 
  private:
   struct Registration {

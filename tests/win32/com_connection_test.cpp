@@ -9,21 +9,17 @@
 #include "frame/connection.h"
 #include "ostrel/lifecycle.h"
 #include "platform/platform.h"
+#include "platform/win32/holders.h"
 
 namespace ostrel {
 namespace {
 
 class ComConnectionTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    Ostrel_UnInit();
-  }
-  void TearDown() override {
-    Ostrel_UnInit();
-    CoUninitialize();
-  }
+  void SetUp() override { Ostrel_UnInit(); }
+  void TearDown() override { Ostrel_UnInit(); }
 
+  win32::ComInit m_com{COINIT_MULTITHREADED};
   ProcessParameters m_parameters;
   testing::FakeAutomation m_backend;
   ScopedPlatform m_platform{Platform{.parameters = &m_parameters}};  // automation stays real COM

@@ -11,6 +11,7 @@
 #include "photoshop/action_manager.h"
 #include "platform/platform.h"
 #include "platform/portable/portable_backends.h"
+#include "platform/win32/holders.h"
 #include "simulator/photoshop.h"
 
 namespace ostrel {
@@ -25,11 +26,8 @@ const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.130", L"P
 
 class ComSimulatorTest : public ::testing::Test {
  protected:
-  void SetUp() override { CoInitializeEx(nullptr, COINIT_MULTITHREADED); }
-  void TearDown() override {
-    Ostrel_UnInit();
-    CoUninitialize();
-  }
+  void TearDown() override { Ostrel_UnInit(); }
+  win32::ComInit m_com{COINIT_MULTITHREADED};
   ProcessParameters m_parameters;
   ScopedPlatform m_platform{Platform{.parameters = &m_parameters}};  // automation stays real COM
 };

@@ -1,8 +1,12 @@
 // The Windows backends: COM automation, the system's code page 936 converter, ini files through the profile
 // functions, the registry, the local clock and the well-known folders.
 #include <windows.h>
+
 #include <shlobj.h>
 
+#include <climits>
+#include <stdexcept>
+#include <system_error>
 #include <vector>
 
 #include "platform/portable/portable_backends.h"
@@ -12,6 +16,30 @@
 
 namespace ostrel::win32 {
 namespace {
+
+constexpr UINT kCodePage936 = 936;
+
+// Decodes bytes that must all be valid in code page 936 into UTF-16; 0 when one isn't, as the system says.
+int DecodeStrict(std::string_view bytes, wchar_t* out, int outSize) {
+  return MultiByteToWideChar(kCodePage936, MB_ERR_INVALID_CHARS, bytes.data(), static_cast<int>(bytes.size()), out,
+                             outSize);
+}
+
+// The offset of the first byte of the first character that isn't valid in code page 936, found character by
+// character: a lead byte takes the byte after it (a lead byte at the end is cut off), any other byte stands alone,
+// and the system decides whether that character is defined. The size of bytes when every character is valid.
+size_t FirstInvalidOffset(std::string_view bytes) {
+  wchar_t decoded[2];
+  size_t offset = 0;
+  while (offset < bytes.size()) {
+    const bool lead = IsDBCSLeadByteEx(kCodePage936, static_cast<BYTE>(bytes[offset])) != 0;
+    const size_t length = lead ? 2 : 1;
+    if (offset + length > bytes.size()) return offset;
+    if (DecodeStrict(bytes.substr(offset, length), decoded, 2) == 0) return offset;
+    offset += length;
+  }
+  return offset;
+}
 
 class Win32Encoding final : public ITextEncoding {
  public:
@@ -23,9 +51,27 @@ class Win32Encoding final : public ITextEncoding {
     if (size > 0) WideCharToMultiByte(936, 0, text.data(), wideLength, out.data(), size, "?", nullptr);
     return out;
   }
-  // Decodes as the portable converter does without iconv: ASCII only, the first other byte reported as invalid.
+
   std::optional<std::wstring> FromCodePage936(std::string_view bytes, size_t& badOffset) override {
-    return PortableEncoding().FromCodePage936(bytes, badOffset);
+    if (bytes.empty()) return std::wstring();
+    if (bytes.size() > static_cast<size_t>(INT_MAX)) throw std::length_error("code page 936 text too long");
+    const int size = DecodeStrict(bytes, nullptr, 0);
+    if (size == 0) return Invalid(bytes, badOffset);
+    std::wstring text(static_cast<size_t>(size), L'\0');
+    if (DecodeStrict(bytes, text.data(), size) != size) return Invalid(bytes, badOffset);
+    return text;
+  }
+
+ private:
+  // The system refused the bytes: says where. A refusal without an invalid character is a failure of its own.
+  static std::optional<std::wstring> Invalid(std::string_view bytes, size_t& badOffset) {
+    const DWORD error = GetLastError();
+    const size_t offset = FirstInvalidOffset(bytes);
+    if (offset == bytes.size()) {
+      throw std::system_error(static_cast<int>(error), std::system_category(), "MultiByteToWideChar(936)");
+    }
+    badOffset = offset;
+    return std::nullopt;
   }
 };
 
@@ -91,6 +137,16 @@ class ProfileIniStore final : public IIniStore {
 
 HKEY RootOf(RegistryHive hive) { return hive == RegistryHive::kLocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }
 
+// Opens key for setting values, making it and the keys above it where missing; an empty holder when it can't.
+Hkey OpenForWriting(RegistryHive hive, const std::wstring& key) {
+  Hkey opened;
+  if (RegCreateKeyExW(RootOf(hive), key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, opened.Put(), nullptr) !=
+      ERROR_SUCCESS) {
+    opened.Reset();
+  }
+  return opened;
+}
+
 class Win32Registry final : public IRegistry {
  public:
   std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key,
@@ -119,21 +175,15 @@ class Win32Registry final : public IRegistry {
   }
   bool SetString(RegistryHive hive, const std::wstring& key, const std::wstring& name,
                  const std::wstring& value) override {
-    Hkey opened;
-    if (RegCreateKeyExW(RootOf(hive), key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, opened.Put(), nullptr) !=
-        ERROR_SUCCESS) {
-      return false;
-    }
+    const Hkey opened = OpenForWriting(hive, key);
+    if (!opened) return false;
     const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
                           bytes) == ERROR_SUCCESS;
   }
   bool SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) override {
-    Hkey opened;
-    if (RegCreateKeyExW(RootOf(hive), key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, opened.Put(), nullptr) !=
-        ERROR_SUCCESS) {
-      return false;
-    }
+    const Hkey opened = OpenForWriting(hive, key);
+    if (!opened) return false;
     const DWORD data = value;
     return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&data),
                           sizeof data) == ERROR_SUCCESS;
