@@ -23,18 +23,6 @@ size_t ValidUtf8SequenceAt(std::string_view bytes, size_t i) {
   return length;
 }
 
-void AppendCodePoint(std::wstring& out, char32_t cp) {
-  if constexpr (sizeof(wchar_t) == 2) {
-    if (cp >= 0x10000) {
-      cp -= 0x10000;
-      out += static_cast<wchar_t>(0xD800 + (cp >> 10));
-      out += static_cast<wchar_t>(0xDC00 + (cp & 0x3FF));
-      return;
-    }
-  }
-  out += static_cast<wchar_t>(cp);
-}
-
 }  // namespace
 
 std::optional<std::wstring> DecodeUtf8(std::string_view bytes, size_t& badOffset) {
@@ -62,13 +50,13 @@ std::optional<std::wstring> DecodeUtf16Le(std::string_view bytes, size_t& badOff
   for (; i + 1 < bytes.size(); i += 2) {
     const char32_t unit = unitAt(i);
     if (isHigh(unit) && i + 3 < bytes.size() && isLow(unitAt(i + 2))) {
-      AppendCodePoint(out, 0x10000 + ((unit - 0xD800) << 10) + (unitAt(i + 2) - 0xDC00));
+      AppendWide(out, 0x10000 + ((unit - 0xD800) << 10) + (unitAt(i + 2) - 0xDC00));
       i += 2;
     } else if (isHigh(unit) || isLow(unit)) {
       badOffset = i;
       return std::nullopt;
     } else {
-      AppendCodePoint(out, unit);
+      AppendWide(out, unit);
     }
   }
   if (i < bytes.size()) {  // an odd byte at the end

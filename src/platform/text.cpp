@@ -368,8 +368,6 @@ void AppendUtf8(std::string& out, char32_t cp) {
   }
 }
 
-namespace {
-
 void AppendWide(std::wstring& out, char32_t cp) {
   if constexpr (sizeof(wchar_t) == 2) {
     if (cp >= 0x10000) {
@@ -381,8 +379,6 @@ void AppendWide(std::wstring& out, char32_t cp) {
   }
   out += static_cast<wchar_t>(cp);
 }
-
-}  // namespace
 
 std::string ToUtf8(std::wstring_view text) {
   std::string out;

@@ -67,4 +67,7 @@ std::string ToUtf8(std::wstring_view text);
 void AppendUtf8(std::string& out, char32_t codePoint);
 std::wstring FromUtf8(std::string_view text);
 
+// Appends one Unicode code point to wide text: a surrogate pair where wchar_t is 16-bit.
+void AppendWide(std::wstring& out, char32_t cp);
+
 }  // namespace ostrel
