@@ -214,4 +214,35 @@ struct ArgTraits<tagTopMenuInfo> {
   }
 };
 
+// The live menu tree's records are out-parameters, printed field by field.
+template <>
+struct ArgTraits<tagTopMenuSubItemName> {
+  static constexpr const char* kName = "tagTopMenuSubItemName";
+  static bool FromArg(const CallArg&, tagTopMenuSubItemName&, std::string& error) {
+    error = "a record is an out-parameter";
+    return false;
+  }
+  static Json ToJson(const tagTopMenuSubItemName& entry) {
+    Json object = Json::object();
+    object["strName"] = ToUtf8(entry.strName);
+    object["vecSubItem"] = ArgTraits<std::vector<std::wstring>>::ToJson(entry.vecSubItem);
+    return object;
+  }
+};
+
+template <>
+struct ArgTraits<tagTopMenuItemName> {
+  static constexpr const char* kName = "tagTopMenuItemName";
+  static bool FromArg(const CallArg&, tagTopMenuItemName&, std::string& error) {
+    error = "a record is an out-parameter";
+    return false;
+  }
+  static Json ToJson(const tagTopMenuItemName& menu) {
+    Json object = Json::object();
+    object["strName"] = ToUtf8(menu.strName);
+    object["vecSubItem"] = ArgTraits<std::vector<tagTopMenuSubItemName>>::ToJson(menu.vecSubItem);
+    return object;
+  }
+};
+
 }  // namespace ostrel::cli

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "ostrel/export.h"
 
@@ -25,3 +26,22 @@ OSTREL_API int Ostrel_TopMenuIndexToName(EnTopMenuIndex nIndex, tagTopMenuInfo& 
 
 // The name the command leaves in Photoshop's history panel, or the empty string. Needs no Ostrel_Init.
 OSTREL_API std::wstring Ostrel_TopMenuToHistoryName(EnTopMenuIndex nIndex) noexcept;
+
+// One entry of a menu of the running Photoshop: its cleaned title and the cleaned titles of the visible entries of
+// its submenu, in Photoshop's order (empty without a submenu).
+struct tagTopMenuSubItemName {
+  std::wstring strName;
+  std::vector<std::wstring> vecSubItem;
+};
+
+// One title of the menu bar of the running Photoshop, with the visible entries of its menu in Photoshop's order.
+struct tagTopMenuItemName {
+  std::wstring strName;
+  std::vector<tagTopMenuSubItemName> vecSubItem;
+};
+
+// The menu tree of the running Photoshop, in the language it runs in: the visible titles and entries, three levels
+// deep. A title is cut before its first ASCII '(' and loses every "..."; a few filter gallery entries of the
+// Chinese filter menu are left out. The vector is emptied first. 1 on success; -1 when not connected (the vector
+// empty); 0 when a call into Photoshop failed, with the vector holding the menus complete up to then.
+OSTREL_API int Ostrel_GetTopMenuName(std::vector<tagTopMenuItemName>& vecItems) noexcept;

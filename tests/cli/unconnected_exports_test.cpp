@@ -5,9 +5,11 @@
 
 #include <map>
 #include <string>
+#include <tuple>
 #include <type_traits>
 
 #include "calls.h"
+#include "frame/export_bodies.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -20,30 +22,40 @@ std::filesystem::path Scenario(const char* name) {
   return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
 }
 
-// A result as `ostrel call` prints it, for the kinds of unconnected answers the table holds.
-template <class R, class Value>
-std::string Printed(Value value) {
+// A row's unconnected answer as `ostrel call` prints it. The answer may use the export's parameters (a list
+// reader empties its vector), so it is computed on parameters of their empty values.
+template <class R, class... P, class Answer>
+std::string Printed(R (*)(P...) noexcept, Answer answer) {
+  std::tuple<std::remove_cvref_t<P>...> parameters{};
   if constexpr (std::is_void_v<R>) {
     return "null";
   } else if constexpr (std::is_same_v<R, std::wstring>) {
-    return "\"" + ToUtf8(std::wstring(value())) + "\"";
+    return "\"" + ToUtf8(std::apply(answer, parameters)) + "\"";
   } else {
-    return std::to_string(static_cast<long long>(static_cast<R>(value())));
+    return std::to_string(static_cast<long long>(std::apply(answer, parameters)));
   }
 }
 
 // The unconnected answer of every Photoshop export, by name.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wunused-parameter"  // most answers don't use the parameters
+#endif
 const std::map<std::string, std::string>& UnconnectedAnswers() {
   static const std::map<std::string, std::string> answers = {
 #define OSTREL_EXPORT(family, R, name, parameters, body, onFailure)
 #define OSTREL_PS_EXPORT(family, R, name, parameters, body, onFailure, unconnected) \
-  {#name, Printed<R>([] { return unconnected; })},
+  {#name, Printed(static_cast<R(*) parameters noexcept>(&name),                            \
+                  [] parameters -> R { return static_cast<R>(unconnected); })},
 #include "frame/exports.def"
 #undef OSTREL_EXPORT
 #undef OSTREL_PS_EXPORT
   };
   return answers;
 }
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
 
 // Runs every export but Ostrel_Init once; gives the names of those that made automation calls, and checks the
 // answer of each Photoshop export.

@@ -1,0 +1,23 @@
+// Everything the rows of exports.def name: the public interface and the internal functions that are the bodies
+// and defaults of the exports. Whoever expands the rows includes this.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "frame/connection.h"
+#include "frame/lifecycle.h"
+#include "ostrel/OstrelCore.h"
+#include "platform/color_text.h"
+#include "script/rows.h"
+#include "vocabulary/color_swatches.h"
+#include "vocabulary/dialog_names.h"
+#include "vocabulary/layer_filter_table.h"
+#include "vocabulary/layer_vocabulary.h"
+#include "vocabulary/live_menu.h"
+#include "vocabulary/preset_catalogues.h"
+#include "vocabulary/tool_option_catalogue.h"
+#include "vocabulary/tool_option_names.h"
+#include "vocabulary/tool_table.h"
+#include "vocabulary/top_menu_table.h"
