@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "json.h"
+#include "ostrel/documents.h"
 #include "ostrel/menus.h"
 #include "ostrel/script.h"
 #include "platform/text.h"
@@ -53,6 +54,19 @@ struct ArgTraits<int> {
     return true;
   }
   static Json ToJson(int value) { return value; }
+};
+
+// A long of the interface is Windows' 32-bit long: the same range as int on every system.
+template <>
+struct ArgTraits<long> {
+  static constexpr const char* kName = "long";
+  static bool FromArg(const CallArg& arg, long& out, std::string& error) {
+    int value = 0;
+    if (!ArgTraits<int>::FromArg(arg, value, error)) return false;
+    out = value;
+    return true;
+  }
+  static Json ToJson(long value) { return static_cast<long long>(value); }
 };
 
 // An unsigned 32-bit id: a negative number is taken as its two's complement, as a caller passing -1 gets.
@@ -241,6 +255,22 @@ struct ArgTraits<tagTopMenuItemName> {
     Json object = Json::object();
     object["strName"] = ToUtf8(menu.strName);
     object["vecSubItem"] = ArgTraits<std::vector<tagTopMenuSubItemName>>::ToJson(menu.vecSubItem);
+    return object;
+  }
+};
+
+// A width and height pair is a result, printed as {"cx", "cy"}.
+template <>
+struct ArgTraits<tagSIZE> {
+  static constexpr const char* kName = "tagSIZE";
+  static bool FromArg(const CallArg&, tagSIZE&, std::string& error) {
+    error = "a record is a result";
+    return false;
+  }
+  static Json ToJson(const tagSIZE& size) {
+    Json object = Json::object();
+    object["cx"] = static_cast<long long>(size.cx);
+    object["cy"] = static_cast<long long>(size.cy);
     return object;
   }
 };

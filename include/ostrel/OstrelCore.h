@@ -1,6 +1,7 @@
 // OstrelCore: the whole exported interface.
 #pragma once
 
+#include "ostrel/documents.h"
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
 #include "ostrel/layers.h"

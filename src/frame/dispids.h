@@ -111,6 +111,7 @@ inline constexpr int32_t kWidth = 0x57647468;  // Wdth
 inline constexpr int32_t kHeight = 0x48676874;  // Hght
 inline constexpr int32_t kQuickMaskMode = 0x514d4d64;  // QMMd
 inline constexpr int32_t kClose = 0x636c6f73;  // clos
+inline constexpr int32_t kIndex = 0x70696478;  // pidx: a history state's position in its collection (method)
 inline constexpr int32_t kBounds = 0x426e6473;  // Bnds
 inline constexpr int32_t kItemIndex = 0x70734978;  // psIx
 inline constexpr int32_t kId = 0x49442020;  // ID  

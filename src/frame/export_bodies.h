@@ -9,6 +9,7 @@
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
 #include "ostrel/OstrelCore.h"
+#include "photoshop/documents.h"
 #include "platform/color_text.h"
 #include "script/rows.h"
 #include "vocabulary/color_swatches.h"

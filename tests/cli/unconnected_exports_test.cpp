@@ -29,10 +29,8 @@ std::string Printed(R (*)(P...) noexcept, Answer answer) {
   std::tuple<std::remove_cvref_t<P>...> parameters{};
   if constexpr (std::is_void_v<R>) {
     return "null";
-  } else if constexpr (std::is_same_v<R, std::wstring>) {
-    return "\"" + ToUtf8(std::apply(answer, parameters)) + "\"";
   } else {
-    return std::to_string(static_cast<long long>(std::apply(answer, parameters)));
+    return RenderJson(ArgTraits<R>::ToJson(std::apply(answer, parameters)));
   }
 }
 
