@@ -16,6 +16,7 @@
 #include "ostrel/documents.h"
 #include "ostrel/menus.h"
 #include "ostrel/script.h"
+#include "ostrel/tool_state.h"
 #include "platform/text.h"
 
 namespace ostrel::cli {

@@ -11,4 +11,5 @@
 #include "ostrel/script.h"
 #include "ostrel/swatches.h"
 #include "ostrel/tool_options.h"
+#include "ostrel/tool_state.h"
 #include "ostrel/tools.h"
