@@ -227,19 +227,30 @@ void Loader::LoadSelectionOfLayers(const Json& json, DocumentState& document, co
   } else if (!document.layers.empty()) {
     document.activeLayerId = IntegerOr(document.layers.front().descriptor, CharId("LyrI"), -1);
   }
-  const Json* selected = Find(json, "selectedLayers", Json::value_t::array, "a list of layerIDs", pointer);
-  if (!selected) return;
+  // targetLayers: the layers listed; null for none targeted (after Deselect Layers, where reading the key fails);
+  // otherwise the descriptor's own, or else the current layer, which Photoshop always holds targeted.
+  const int32_t targetLayers = m_ids.StringIdToTypeId(L"targetLayers");
+  if (auto it = json.find("selectedLayers"); it != json.end() && it->is_null()) {
+    document.descriptor.Remove(targetLayers);
+    return;
+  }
+  const Json* selected = Find(json, "selectedLayers", Json::value_t::array, "a list of layerIDs or null", pointer);
+  if (!selected) {
+    const auto active = FindLayerById(document, document.activeLayerId);
+    if (active && !document.descriptor.Find(targetLayers)) {
+      document.descriptor.Put(targetLayers, Value::List({TargetLayerReference(active->second)}));
+    }
+    return;
+  }
   std::vector<Value> references;
   for (size_t i = 0; i < selected->size(); ++i) {
     const std::string at = PointerTo(PointerTo(pointer, "selectedLayers"), i);
     const int32_t id = Integer((*selected)[i], at);
     const auto found = FindLayerById(document, id);
     if (!found || found->first.isEnd) Fail(at, "no layer has the layerID " + std::to_string(id));
-    Reference reference;
-    reference.elements.push_back(RefElement{RefElement::Form::kIndex, CharId("Lyr "), 0, found->second - 1, {}});
-    references.push_back(Value::Ref(std::move(reference)));
+    references.push_back(TargetLayerReference(found->second));
   }
-  document.descriptor.Put(m_ids.StringIdToTypeId(L"targetLayers"), Value::List(std::move(references)));
+  document.descriptor.Put(targetLayers, Value::List(std::move(references)));
 }
 
 // The object model's size: given, or from the descriptor's width and height (points at 72 per inch, or pixels).

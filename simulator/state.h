@@ -84,6 +84,10 @@ std::optional<std::pair<StackEntry, int>> FindLayerById(DocumentState& document,
 // The layer node (set or layer, not an end entry) with that layerID, or null.
 LayerNode* FindNode(DocumentState& document, int32_t layerId);
 
+// The element that a document's targetLayers list holds for the layer at itemIndex: an index reference whose
+// getIndex() + 1 is the itemIndex, with or without a background.
+Value TargetLayerReference(int itemIndex);
+
 DocumentState* ActiveDocument(State& state);
 DocumentState* DocumentBySerial(State& state, int serial);
 

@@ -23,6 +23,10 @@ void Descriptor::Put(int32_t key, Value value) {
   }
 }
 
+void Descriptor::Remove(int32_t key) {
+  std::erase_if(entries, [key](const Entry& e) { return e.key == key; });
+}
+
 bool Descriptor::operator==(const Descriptor& other) const { return entries == other.entries; }
 
 bool Value::operator==(const Value& o) const {

@@ -43,6 +43,7 @@ struct Descriptor {
   const Value* Find(int32_t key) const;
   Value* Find(int32_t key);
   void Put(int32_t key, Value value);
+  void Remove(int32_t key);  // nothing if the key isn't there
   bool operator==(const Descriptor&) const;
 };
 

@@ -141,6 +141,54 @@ TEST_F(ActionGetTest, DocumentKeysFollowTheStack) {
   }
 }
 
+// targetLayers as the scenario's "selectedLayers" gives it: missing, the current layer (named or the top one),
+// also over a descriptor without the key; an empty list, the key with nothing in it; null, no key, so that a read of
+// it fails as after Deselect Layers, even where the pasted descriptor had its own.
+TEST(ActionGetScenarioTest, TargetLayersFollowTheSelectionOfLayers) {
+  struct Case {
+    const char* extra;      // the document's keys beside its layers
+    int targets;            // -1: a read of targetLayers fails
+    int32_t firstLayerId;   // the layer that the first target names
+  };
+  const Case kCases[] = {
+      {R"("activeLayer": 12)", 1, 12},
+      {R"("activeLayer": 11)", 1, 11},
+      {R"("descriptor": {"title": "a.psd"})", 1, 10},
+      {R"("activeLayer": 13, "selectedLayers": [10, 13])", 2, 10},
+      {R"("selectedLayers": [])", 0, 0},
+      {R"("selectedLayers": null)", -1, 0},
+      {R"("selectedLayers": null, "descriptor": {"targetLayers": [{"_ref": "layer", "_index": 1}]})", -1, 0},
+  };
+  for (bool background : {false, true}) {
+    for (const Case& k : kCases) {
+      SCOPED_TRACE(std::string(k.extra) + (background ? " with background" : " without background"));
+      std::string json = Layers(background);
+      json.insert(json.rfind("]}]}") + 1, std::string(", ") + k.extra);
+      auto ps = FromText(json);
+      Connected c(ps);
+      if (k.targets < 0) {
+        EXPECT_EQ(FailureCode([&] { c.ReadProperty(L"Dcmn", L"targetLayers"); }), kDispEException);
+        EXPECT_FALSE(Call(c.ReadCurrent(L"Dcmn"), dd::kHasKey, {I4(c.S(L"targetLayers"))}).AsBool());
+        continue;
+      }
+      const DispatchPtr document = c.ReadProperty(L"Dcmn", L"targetLayers");
+      const DispatchPtr targets = Call(document, dd::kGetList, {I4(c.S(L"targetLayers"))}).AsDispatch();
+      ASSERT_EQ(Get(targets, dl::kCount).AsI4(), k.targets);
+      if (k.targets == 0) continue;
+      const int32_t index = Call(Call(targets, dl::kGetReference, {I4(0)}).AsDispatch(), dr::kGetIndex).AsI4();
+      const DispatchPtr layer = c.ReadBy(dr::kPutIdentifier, L"Lyr ", I4(k.firstLayerId));
+      EXPECT_EQ(index + 1, c.Integer(layer, L"itemIndex"));
+    }
+  }
+}
+
+// A document without layers has none to target.
+TEST(ActionGetScenarioTest, NoLayersNoTargetLayers) {
+  auto ps = FromText(R"({"documents": [{"descriptor": {"title": "empty.psd"}}]})");
+  Connected c(ps);
+  EXPECT_EQ(FailureCode([&] { c.ReadProperty(L"Dcmn", L"targetLayers"); }), kDispEException);
+}
+
 TEST_F(ActionGetTest, ChannelsPathsAndHistory) {
   EXPECT_EQ(c.String(c.ReadIndex(L"Chnl", 2), L"channelName"), L"Green");
   EXPECT_EQ(c.Integer(c.ReadCurrent(L"Chnl"), L"itemIndex"), 1);

@@ -36,6 +36,7 @@ TEST(ScenarioTest, MistakesNameTheirPlace) {
        "at /documents/0/activeLayer: no layer has the layerID 12"},
       {R"({"documents": [{"layers": [{"descriptor": {"layerID": 1}}], "selectedLayers": [1, 2]}]})",
        "at /documents/0/selectedLayers/1: no layer has the layerID 2"},
+      {R"({"documents": [{"selectedLayers": "all"}]})", "at /documents/0/selectedLayers: must be a list of layerIDs or null"},
       {R"({"documents": [{"layers": [{"descriptor": {"layerID": "one"}}]}]})",
        "at /documents/0/layers/0/descriptor: \"layerID\" must be an integer"},
       {R"({"documents": [{"layers": [{"descriptor": {"mode": {"_enum": "blendMode"}}}]}]})",
