@@ -67,7 +67,7 @@ Variant ExecuteActionCall(A& self, Args args) {
 
 Variant ActiveDocument(A& self, Args) {
   DocumentState* document = ActiveDocument(self.session().state);
-  if (!document) ThrowNotAvailable(self.session(), L"current document");
+  if (!document) ThrowNoSuchElement(self.session());
   return Variant::Dispatch(NewDocumentObject(self.sessionPtr(), document->serial));
 }
 
