@@ -38,6 +38,7 @@ class Loader {
   Descriptor DescriptorSlot(const Json& slot, const std::string& pointer);
   Descriptor DescriptorFile(const std::string& reference, const std::string& pointer);
   void LoadApplication(const Json& root, State& state);
+  void LoadUnsettled(const Json& root, State& state);
   DocumentState LoadDocument(const Json& json, const std::string& pointer, int serial);
   LayerNode LoadLayer(const Json& json, const std::string& pointer);
   void NumberLayers(DocumentState& document, const std::string& pointer);
@@ -392,11 +393,37 @@ void Loader::LoadApplication(const Json& root, State& state) {
   }
 }
 
+// Each unsettled behaviour is named by one of its two words; the first is the default.
+void Loader::LoadUnsettled(const Json& root, State& state) {
+  const Json* unsettled = Find(root, "unsettled", Json::value_t::object, "an object", "");
+  if (!unsettled) return;
+  struct Choice {
+    const char* key;
+    const char* first;
+    const char* second;
+    bool* secondChosen;
+  };
+  const Choice choices[] = {
+      {"charIDToTypeIDOfOtherLength", "fails", "minusOne", &state.unsettled.charIdOfOtherLengthGivesMinusOne},
+      {"getIntegerOfBoolean", "zeroOrOne", "fails", &state.unsettled.integerOfBooleanFails},
+  };
+  for (const auto& [key, value] : unsettled->items()) {
+    const std::string at = PointerTo("/unsettled", key);
+    const auto choice = std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
+    if (choice == std::end(choices)) Fail(at, "unknown key \"" + key + "\"");
+    const std::string word = value.is_string() ? value.get<std::string>() : "";
+    if (word != choice->first && word != choice->second) {
+      Fail(at, std::string("must be \"") + choice->first + "\" or \"" + choice->second + "\"");
+    }
+    *choice->secondChosen = word == choice->second;
+  }
+}
+
 State Loader::Load(const Json& root) {
   if (!root.is_object()) Fail("", "a scenario must be a JSON object, not " + TypeName(root));
   ExpectKeys(root, {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path",
                     "visible", "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents",
-                    "activeDocument", "comment"},
+                    "activeDocument", "unsettled", "comment"},
              "");
   State state;
   const auto fail = [this](const std::string& at, const std::string& message) { Fail(at, message); };
@@ -411,6 +438,7 @@ State Loader::Load(const Json& root) {
     if (state.language != L"en_US" && state.language != L"zh_CN") Fail("/language", "must be \"en_US\" or \"zh_CN\"");
   }
   LoadApplication(root, state);
+  LoadUnsettled(root, state);
   if (const Json* documents = Find(root, "documents", Json::value_t::array, "a list", "")) {
     for (size_t i = 0; i < documents->size(); ++i) {
       state.documents.push_back(LoadDocument((*documents)[i], PointerTo("/documents", i), state.nextSerial++));
