@@ -13,6 +13,7 @@ constexpr InvokeKind kMethod = InvokeKind::kMethod;
 constexpr InvokeKind kGet = InvokeKind::kPropertyGet;
 
 const wchar_t* TypeName(ValueType type) {
+  if (type == kRawData) return L"raw data";
   switch (type) {
     case ValueType::kInteger: return L"integer";
     case ValueType::kDouble: return L"double";

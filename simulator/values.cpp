@@ -31,7 +31,7 @@ bool Descriptor::operator==(const Descriptor& other) const { return entries == o
 
 bool Value::operator==(const Value& o) const {
   return type == o.type && integer == o.integer && number == o.number && typeId == o.typeId &&
-         enumValue == o.enumValue && hasClass == o.hasClass && text == o.text && list == o.list &&
+         enumValue == o.enumValue && hasClass == o.hasClass && text == o.text && bytes == o.bytes && list == o.list &&
          object == o.object && reference == o.reference;
 }
 
@@ -125,6 +125,13 @@ Value Value::Alias(std::wstring path) {
   Value value;
   value.type = ValueType::kAlias;
   value.text = std::move(path);
+  return value;
+}
+
+Value Value::RawData(std::string bytes) {
+  Value value;
+  value.type = kRawData;
+  value.bytes = std::move(bytes);
   return value;
 }
 

@@ -91,6 +91,25 @@ TEST_F(ActionObjectsTest, ListsByPositionFromZero) {
 }
 
 // The two unsettled behaviours, each with its default and its other choice, on descriptors and on lists.
+// A raw data key is counted and walked like any other, getType gives 12, and no typed get reads it.
+TEST(RawDataTest, GetTypeGivesTwelveAndTypedGetsFail) {
+  auto ps = FromText(R"({"application": {"before": 1, "legacyContentData": {"_rawData": "AAECAw=="}, "after": 2}})");
+  Connected c(ps);
+  const DispatchPtr app = c.ReadCurrent(L"capp");
+  const int32_t key = c.S(L"legacyContentData");
+  EXPECT_EQ(Call(app, dd::kGetKey, {I4(1)}).AsI4(), key);
+  EXPECT_EQ(Call(app, dd::kGetType, {I4(key)}).AsI4(), 12);
+  for (int32_t get : {dd::kGetInteger, dd::kGetString, dd::kGetDouble, dd::kGetObjectValue, dd::kGetList}) {
+    SCOPED_TRACE(get);
+    EXPECT_EQ(FailureCode([&] { Call(app, get, {I4(key)}); }), kDispEException);
+  }
+  auto listed = FromText(R"({"application": {"items": [{"_rawData": "/w=="}, "text"]}})");
+  Connected l(listed);
+  const DispatchPtr items = Call(l.ReadCurrent(L"capp"), dd::kGetList, {I4(l.S(L"items"))}).AsDispatch();
+  EXPECT_EQ(Call(items, dd::kGetType, {I4(0)}).AsI4(), 12);
+  EXPECT_EQ(Call(items, dd::kGetType, {I4(1)}).AsI4(), static_cast<int32_t>(ValueType::kString));
+}
+
 TEST(UnsettledBehaviourTest, EachChoiceIsServed) {
   struct Case {
     const char* unsettled;       // the scenario's "unsettled" object
