@@ -127,6 +127,14 @@ Descriptor OnlyKey(Session& session, const Descriptor& whole, int32_t key) {
   return result;
 }
 
+// An application read of "tool" answers with the tool and its options together, in that order: scripts read
+// "currentToolOptions" from exactly that answer. The options are there whenever a tool is.
+Descriptor ToolRead(Session& session, const Descriptor& application) {
+  Descriptor result = OnlyKey(session, application, CharId("Tool"));
+  if (const Value* options = application.Find(CharId("CrnT"))) result.Put(CharId("CrnT"), *options);
+  return result;
+}
+
 }  // namespace
 
 DocumentState& ResolveDocument(Session& session, const Reference& reference, size_t from) {
@@ -210,7 +218,9 @@ Descriptor ExecuteActionGet(Session& session, const Reference& reference) {
   } else {
     NotThere(session, target);
   }
-  return key ? OnlyKey(session, whole, *key) : whole;
+  if (!key) return whole;
+  if (*key == CharId("Tool") && target.classId == CharId("capp")) return ToolRead(session, whole);
+  return OnlyKey(session, whole, *key);
 }
 
 }  // namespace ostrel::sim

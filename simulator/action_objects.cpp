@@ -13,6 +13,7 @@ constexpr InvokeKind kMethod = InvokeKind::kMethod;
 constexpr InvokeKind kGet = InvokeKind::kPropertyGet;
 
 const wchar_t* TypeName(ValueType type) {
+  if (type == kRawData) return L"raw data";
   switch (type) {
     case ValueType::kInteger: return L"integer";
     case ValueType::kDouble: return L"double";
@@ -30,10 +31,11 @@ const wchar_t* TypeName(ValueType type) {
   return L"?";
 }
 
-const Value& Checked(const Value& value, ValueType wanted, const std::wstring& where) {
-  // getInteger reads a boolean as 0 or 1, as Photoshop's does (the library reads "background" so); every other
-  // typed get wants its own type.
-  const bool integerOfBoolean = wanted == ValueType::kInteger && value.type == ValueType::kBoolean;
+// Every typed get wants its own type. getInteger of a boolean is the scenario's choice: 0 or 1 (the library reads
+// "background" so), or a failure.
+const Value& Checked(const Session& session, const Value& value, ValueType wanted, const std::wstring& where) {
+  const bool integerOfBoolean = wanted == ValueType::kInteger && value.type == ValueType::kBoolean &&
+                                !session.state.unsettled.integerOfBooleanFails;
   if (value.type != wanted && !integerOfBoolean) {
     ThrowGeneralError(Format(L"%s holds a %s, not a %s.", where, TypeName(value.type), TypeName(wanted)));
   }
@@ -221,7 +223,7 @@ std::span<const Member<ActionDescriptorObject>> ActionDescriptorObject::Members(
 const Value& ActionDescriptorObject::Get(int32_t key, ValueType wanted) {
   const Value* value = m_value.Find(key);
   if (!value) ThrowGeneralError(Format(L"The key \u201c%s\u201d is not in the descriptor.", session().ids.IdToName(key)));
-  return Checked(*value, wanted, Format(L"The key \u201c%s\u201d", session().ids.IdToName(key)));
+  return Checked(session(), *value, wanted, Format(L"The key \u201c%s\u201d", session().ids.IdToName(key)));
 }
 
 ActionListObject::ActionListObject(std::shared_ptr<Session> session, std::vector<Value> items)
@@ -233,7 +235,7 @@ const Value& ActionListObject::Get(int32_t position, ValueType wanted) {
   if (position < 0 || position >= static_cast<int32_t>(m_items.size())) {
     ThrowGeneralError(Format(L"There is no item at position %d.", position));
   }
-  return Checked(m_items[static_cast<size_t>(position)], wanted, Format(L"The item at position %d", position));
+  return Checked(session(), m_items[static_cast<size_t>(position)], wanted, Format(L"The item at position %d", position));
 }
 
 ActionReferenceObject::ActionReferenceObject(std::shared_ptr<Session> session, Reference value)

@@ -44,8 +44,11 @@ std::wstring InstallPath(const Session& session) {
   return path && path->type == ValueType::kAlias ? path->text : L"";
 }
 
-Variant CharIdToTypeId(A&, Args args) {
+// A text of four characters is a char id (one above U+00FF fails); what Photoshop does with another length is the
+// scenario's choice: fail, or answer -1.
+Variant CharIdToTypeId(A& self, Args args) {
   const std::wstring text = ArgBstr(args, 0);
+  if (text.size() != 4 && self.session().state.unsettled.charIdOfOtherLengthGivesMinusOne) return Variant::I4(-1);
   const auto id = TypeIds::CharIdToTypeId(text);
   if (!id) ThrowGeneralError(L"\u201c" + text + L"\u201d is not a four-character id.");
   return Variant::I4(*id);
@@ -67,7 +70,7 @@ Variant ExecuteActionCall(A& self, Args args) {
 
 Variant ActiveDocument(A& self, Args) {
   DocumentState* document = ActiveDocument(self.session().state);
-  if (!document) ThrowNotAvailable(self.session(), L"current document");
+  if (!document) ThrowNoSuchElement(self.session());
   return Variant::Dispatch(NewDocumentObject(self.sessionPtr(), document->serial));
 }
 

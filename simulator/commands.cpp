@@ -71,9 +71,7 @@ void SelectLayer(Session& session, const Descriptor& descriptor) {
   LayerNode& layer = ResolveLayerNode(session, document, target->reference.elements.front());
   document.activeLayerId = IntegerOr(layer.descriptor, CharId("LyrI"), -1);
   const auto found = FindLayerById(document, document.activeLayerId);
-  Reference selected;
-  selected.elements.push_back(RefElement{RefElement::Form::kIndex, CharId("Lyr "), 0, found->second - 1, {}});
-  document.descriptor.Put(session.Key(L"targetLayers"), Value::List({Value::Ref(selected)}));
+  document.descriptor.Put(session.Key(L"targetLayers"), Value::List({TargetLayerReference(found->second)}));
 }
 
 void TogglePanel(Session& session, int32_t menuItem) {

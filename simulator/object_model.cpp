@@ -358,7 +358,7 @@ const Member<SelectionObject> kSelectionMembers[] = {
     {om::kBounds, kGet, "bounds", 0, 0,
      [](SelectionObject& self, Args) {
        const auto& selection = self.document().selection;
-       if (!selection) ThrowNotAvailable(self.session(), L"selection");
+       if (!selection) ThrowNoSuchElement(self.session());
        return Bounds(*selection);
      }},
 };

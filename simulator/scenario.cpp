@@ -38,6 +38,7 @@ class Loader {
   Descriptor DescriptorSlot(const Json& slot, const std::string& pointer);
   Descriptor DescriptorFile(const std::string& reference, const std::string& pointer);
   void LoadApplication(const Json& root, State& state);
+  void LoadUnsettled(const Json& root, State& state);
   DocumentState LoadDocument(const Json& json, const std::string& pointer, int serial);
   LayerNode LoadLayer(const Json& json, const std::string& pointer);
   void NumberLayers(DocumentState& document, const std::string& pointer);
@@ -227,19 +228,30 @@ void Loader::LoadSelectionOfLayers(const Json& json, DocumentState& document, co
   } else if (!document.layers.empty()) {
     document.activeLayerId = IntegerOr(document.layers.front().descriptor, CharId("LyrI"), -1);
   }
-  const Json* selected = Find(json, "selectedLayers", Json::value_t::array, "a list of layerIDs", pointer);
-  if (!selected) return;
+  // targetLayers: the layers listed; null for none targeted (after Deselect Layers, where reading the key fails);
+  // otherwise the descriptor's own, or else the current layer, which Photoshop always holds targeted.
+  const int32_t targetLayers = m_ids.StringIdToTypeId(L"targetLayers");
+  if (auto it = json.find("selectedLayers"); it != json.end() && it->is_null()) {
+    document.descriptor.Remove(targetLayers);
+    return;
+  }
+  const Json* selected = Find(json, "selectedLayers", Json::value_t::array, "a list of layerIDs or null", pointer);
+  if (!selected) {
+    const auto active = FindLayerById(document, document.activeLayerId);
+    if (active && !document.descriptor.Find(targetLayers)) {
+      document.descriptor.Put(targetLayers, Value::List({TargetLayerReference(active->second)}));
+    }
+    return;
+  }
   std::vector<Value> references;
   for (size_t i = 0; i < selected->size(); ++i) {
     const std::string at = PointerTo(PointerTo(pointer, "selectedLayers"), i);
     const int32_t id = Integer((*selected)[i], at);
     const auto found = FindLayerById(document, id);
     if (!found || found->first.isEnd) Fail(at, "no layer has the layerID " + std::to_string(id));
-    Reference reference;
-    reference.elements.push_back(RefElement{RefElement::Form::kIndex, CharId("Lyr "), 0, found->second - 1, {}});
-    references.push_back(Value::Ref(std::move(reference)));
+    references.push_back(TargetLayerReference(found->second));
   }
-  document.descriptor.Put(m_ids.StringIdToTypeId(L"targetLayers"), Value::List(std::move(references)));
+  document.descriptor.Put(targetLayers, Value::List(std::move(references)));
 }
 
 // The object model's size: given, or from the descriptor's width and height (points at 72 per inch, or pixels).
@@ -381,11 +393,37 @@ void Loader::LoadApplication(const Json& root, State& state) {
   }
 }
 
+// Each unsettled behaviour is named by one of its two words; the first is the default.
+void Loader::LoadUnsettled(const Json& root, State& state) {
+  const Json* unsettled = Find(root, "unsettled", Json::value_t::object, "an object", "");
+  if (!unsettled) return;
+  struct Choice {
+    const char* key;
+    const char* first;
+    const char* second;
+    bool* secondChosen;
+  };
+  const Choice choices[] = {
+      {"charIDToTypeIDOfOtherLength", "fails", "minusOne", &state.unsettled.charIdOfOtherLengthGivesMinusOne},
+      {"getIntegerOfBoolean", "zeroOrOne", "fails", &state.unsettled.integerOfBooleanFails},
+  };
+  for (const auto& [key, value] : unsettled->items()) {
+    const std::string at = PointerTo("/unsettled", key);
+    const auto choice = std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
+    if (choice == std::end(choices)) Fail(at, "unknown key \"" + key + "\"");
+    const std::string word = value.is_string() ? value.get<std::string>() : "";
+    if (word != choice->first && word != choice->second) {
+      Fail(at, std::string("must be \"") + choice->first + "\" or \"" + choice->second + "\"");
+    }
+    *choice->secondChosen = word == choice->second;
+  }
+}
+
 State Loader::Load(const Json& root) {
   if (!root.is_object()) Fail("", "a scenario must be a JSON object, not " + TypeName(root));
   ExpectKeys(root, {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path",
                     "visible", "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents",
-                    "activeDocument", "comment"},
+                    "activeDocument", "unsettled", "comment"},
              "");
   State state;
   const auto fail = [this](const std::string& at, const std::string& message) { Fail(at, message); };
@@ -400,6 +438,7 @@ State Loader::Load(const Json& root) {
     if (state.language != L"en_US" && state.language != L"zh_CN") Fail("/language", "must be \"en_US\" or \"zh_CN\"");
   }
   LoadApplication(root, state);
+  LoadUnsettled(root, state);
   if (const Json* documents = Find(root, "documents", Json::value_t::array, "a list", "")) {
     for (size_t i = 0; i < documents->size(); ++i) {
       state.documents.push_back(LoadDocument((*documents)[i], PointerTo("/documents", i), state.nextSerial++));

@@ -20,7 +20,7 @@ void ThrowNotAvailable(const Session& session, const std::wstring& what) {
 }
 
 void ThrowNoSuchElement(const Session& session) {
-  throw AutomationError(kDispEException,
+  throw AutomationError(kDispEBadIndex,
                         session.state.language == L"zh_CN" ? kNoSuchElementChinese : kNoSuchElementEnglish);
 }
 

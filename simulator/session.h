@@ -39,7 +39,12 @@ struct Session {
   int32_t Key(const wchar_t* stringId) { return ids.StringIdToTypeId(stringId); }
 };
 
-// Photoshop's refusals, as its automation reports them (kDispEException with Photoshop's own text).
+// DISP_E_BADINDEX: the code that Photoshop's "No such element" carries in its dispatch exception.
+inline constexpr int32_t kDispEBadIndex = static_cast<int32_t>(0x8002000B);
+
+// Photoshop's refusals, as its automation reports them: kDispEException with Photoshop's own text, and for a
+// missing element of the object model (no current document, no selection, a position past the end) its
+// "No such element" with kDispEBadIndex.
 [[noreturn]] void ThrowNotAvailable(const Session& session, const std::wstring& what);
 [[noreturn]] void ThrowNoSuchElement(const Session& session);
 [[noreturn]] void ThrowGeneralError(const std::wstring& detail);

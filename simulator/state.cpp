@@ -50,6 +50,12 @@ std::optional<std::pair<StackEntry, int>> FindLayerById(DocumentState& document,
 
 LayerNode* FindNode(DocumentState& document, int32_t layerId) { return FindIn(document.layers, layerId); }
 
+Value TargetLayerReference(int itemIndex) {
+  Reference reference;
+  reference.elements.push_back(RefElement{RefElement::Form::kIndex, CharId("Lyr "), 0, itemIndex - 1, {}});
+  return Value::Ref(std::move(reference));
+}
+
 DocumentState* ActiveDocument(State& state) {
   if (state.activeDocument < 0 || state.activeDocument >= static_cast<int>(state.documents.size())) return nullptr;
   return &state.documents[static_cast<size_t>(state.activeDocument)];

@@ -59,8 +59,16 @@ struct ApplicationState {
   std::vector<std::wstring> refusedEvents; // events that executeAction refuses, by string id or char id
 };
 
+// Behaviours that no public source settles, chosen by the scenario so that the library can be checked against
+// each. Each is false by default, the simulator's original choice.
+struct UnsettledBehaviour {
+  bool charIdOfOtherLengthGivesMinusOne = false;  // charIDToTypeID of a text that isn't four characters fails
+  bool integerOfBooleanFails = false;             // getInteger of a boolean gives 0 or 1
+};
+
 struct State {
   ApplicationState app;
+  UnsettledBehaviour unsettled;
   std::vector<DocumentState> documents;
   int activeDocument = -1;                 // position in documents, -1 for none
   std::vector<int> reachableVersions = {110, 120, 130, 140, 150};
@@ -83,6 +91,10 @@ bool HasBackground(const DocumentState& document);
 std::optional<std::pair<StackEntry, int>> FindLayerById(DocumentState& document, int32_t layerId);
 // The layer node (set or layer, not an end entry) with that layerID, or null.
 LayerNode* FindNode(DocumentState& document, int32_t layerId);
+
+// The element that a document's targetLayers list holds for the layer at itemIndex: an index reference whose
+// getIndex() + 1 is the itemIndex, with or without a background.
+Value TargetLayerReference(int itemIndex);
 
 DocumentState* ActiveDocument(State& state);
 DocumentState* DocumentBySerial(State& state, int serial);

@@ -1,9 +1,11 @@
 // The JSON notation of descriptor values, both ways.
 #include "simulator/value_json.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <set>
 #include <string_view>
 
@@ -15,13 +17,58 @@ namespace {
 // Member names with a meaning in the notation. Any other name, also one that starts with "_", is a key.
 const std::set<std::string, std::less<>> kNotationWords = {"_obj",   "_enum",  "_value",    "_unit",   "_path",
                                                            "_class", "_ref",   "_id",       "_index",  "_name",
-                                                           "_offset", "_kind", "_property"};
+                                                           "_offset", "_kind", "_property", "_rawData"};
 
 [[noreturn]] void Fail(const std::string& pointer, const std::string& message) { throw NotationError(pointer, message); }
 
 std::string Brief(const Json& json) {
   std::string text = json.dump();
   return text.size() > 80 ? text.substr(0, 77) + "..." : text;
+}
+
+constexpr char kBase64Digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+// Base64 with padding (RFC 4648); nothing for any other character or a length that isn't a multiple of four.
+std::optional<std::string> FromBase64(std::string_view text) {
+  if (text.size() % 4 != 0) return std::nullopt;
+  std::string bytes;
+  uint32_t bits = 0;
+  int count = 0;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '=') {
+      const size_t padding = text.size() - i;
+      if (padding > 2 || text.substr(i).find_first_not_of('=') != std::string_view::npos) return std::nullopt;
+      break;
+    }
+    const char* digit = std::char_traits<char>::find(kBase64Digits, 64, c);
+    if (!digit) return std::nullopt;
+    bits = (bits << 6) | static_cast<uint32_t>(digit - kBase64Digits);
+    if (++count == 4) {
+      for (int shift = 16; shift >= 0; shift -= 8) bytes += static_cast<char>((bits >> shift) & 0xFF);
+      bits = 0;
+      count = 0;
+    }
+  }
+  if (count == 2) bytes += static_cast<char>((bits >> 4) & 0xFF);
+  if (count == 3) {
+    bytes += static_cast<char>((bits >> 10) & 0xFF);
+    bytes += static_cast<char>((bits >> 2) & 0xFF);
+  }
+  return bytes;
+}
+
+std::string ToBase64(std::string_view bytes) {
+  std::string text;
+  for (size_t i = 0; i < bytes.size(); i += 3) {
+    uint32_t bits = 0;
+    const size_t n = std::min<size_t>(3, bytes.size() - i);
+    for (size_t j = 0; j < 3; ++j) {
+      bits = (bits << 8) | (j < n ? static_cast<unsigned char>(bytes[i + j]) : 0u);
+    }
+    for (size_t j = 0; j < 4; ++j) text += j <= n ? kBase64Digits[(bits >> (18 - 6 * j)) & 0x3F] : '=';
+  }
+  return text;
 }
 
 const Json& Member(const Json& object, const char* name, const std::string& pointer) {
@@ -147,6 +194,13 @@ Value NotationFromJson(const Json& json, TypeIds& ids, const std::string& pointe
     if (!path.is_string()) Fail(PointerTo(pointer, "_path"), "a path must be a string, not " + Brief(path));
     return Value::Alias(FromUtf8(path.get_ref<const std::string&>()));
   }
+  if (json.contains("_rawData")) {
+    ExpectOnly(json, {"_rawData"}, pointer);
+    const Json& data = json["_rawData"];
+    std::optional<std::string> bytes = data.is_string() ? FromBase64(data.get_ref<const std::string&>()) : std::nullopt;
+    if (!bytes) Fail(PointerTo(pointer, "_rawData"), "raw data must be a base64 string, not " + Brief(data));
+    return Value::RawData(std::move(*bytes));
+  }
   if (json.contains("_class")) {
     ExpectOnly(json, {"_class"}, pointer);
     return Value::Class(NameAt(json["_class"], ids, PointerTo(pointer, "_class")));
@@ -247,6 +301,7 @@ Descriptor DescriptorFromJson(const Json& json, TypeIds& ids, const std::string&
 }
 
 Json ValueToJson(const Value& value, const TypeIds& ids) {
+  if (value.type == kRawData) return Json{{"_rawData", ToBase64(value.bytes)}};
   switch (value.type) {
     case ValueType::kInteger:
     case ValueType::kLargeInteger: return value.integer;

@@ -23,11 +23,15 @@ void Descriptor::Put(int32_t key, Value value) {
   }
 }
 
+void Descriptor::Remove(int32_t key) {
+  std::erase_if(entries, [key](const Entry& e) { return e.key == key; });
+}
+
 bool Descriptor::operator==(const Descriptor& other) const { return entries == other.entries; }
 
 bool Value::operator==(const Value& o) const {
   return type == o.type && integer == o.integer && number == o.number && typeId == o.typeId &&
-         enumValue == o.enumValue && hasClass == o.hasClass && text == o.text && list == o.list &&
+         enumValue == o.enumValue && hasClass == o.hasClass && text == o.text && bytes == o.bytes && list == o.list &&
          object == o.object && reference == o.reference;
 }
 
@@ -121,6 +125,13 @@ Value Value::Alias(std::wstring path) {
   Value value;
   value.type = ValueType::kAlias;
   value.text = std::move(path);
+  return value;
+}
+
+Value Value::RawData(std::string bytes) {
+  Value value;
+  value.type = kRawData;
+  value.bytes = std::move(bytes);
   return value;
 }
 

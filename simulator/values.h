@@ -13,6 +13,9 @@ namespace ostrel::sim {
 
 // Value types by the numbers that getType gives.
 using ValueType = DescriptorValueType;
+// Raw data (bytes that Photoshop keeps opaque, such as a text layer's legacy content) has number 12, between alias
+// and large integer; the library reads no such key, so the shared enumeration has no name for it.
+inline constexpr ValueType kRawData = static_cast<ValueType>(12);
 
 // One element of a reference, as the put that made it: putClass, putEnumerated, putIdentifier, putIndex, putName,
 // putOffset, putProperty.
@@ -43,6 +46,7 @@ struct Descriptor {
   const Value* Find(int32_t key) const;
   Value* Find(int32_t key);
   void Put(int32_t key, Value value);
+  void Remove(int32_t key);  // nothing if the key isn't there
   bool operator==(const Descriptor&) const;
 };
 
@@ -54,6 +58,7 @@ struct Value {
   int32_t enumValue = 0;   // enumerated
   bool hasClass = true;    // an object written without "_obj" keeps none
   std::wstring text;       // string, alias path
+  std::string bytes;       // raw data
   std::vector<Value> list;
   Descriptor object;
   Reference reference;
@@ -71,6 +76,7 @@ struct Value {
   static Value Ref(Reference v);
   static Value Class(int32_t classId);
   static Value Alias(std::wstring path);
+  static Value RawData(std::string bytes);
 
   bool operator==(const Value&) const;
 };

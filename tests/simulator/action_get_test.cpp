@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "platform/text.h"
 #include "sim_test_support.h"
@@ -77,19 +79,50 @@ TEST(ActionGetScenarioTest, NestedSetsAndOtherDocuments) {
   EXPECT_EQ(FailureCode([&] { c.ReadIndex(L"Dcmn", 3); }), kDispEException);
 }
 
-TEST_F(ActionGetTest, PropertyReadsGiveOnlyThatKey) {
-  // Char forms and string forms name the same application read.
-  const auto stringForms = c.Read([&](const DispatchPtr& r) {
-    Call(r, dr::kPutProperty, {I4(c.S(L"property")), I4(c.S(L"tool"))});
-    Call(r, dr::kPutEnumerated, {I4(c.S(L"application")), I4(c.S(L"ordinal")), I4(c.S(L"targetEnum"))});
-  });
-  for (const DispatchPtr& d : {c.ReadProperty(L"capp", L"tool"), stringForms}) {
-    EXPECT_EQ(Get(d, dd::kCount).AsI4(), 1);
-    EXPECT_EQ(Call(d, dd::kGetKey, {I4(0)}).AsI4(), c.S(L"tool"));
-    EXPECT_EQ(c.Name(Call(d, dd::kGetEnumerationValue, {I4(c.S(L"tool"))}).AsI4()), L"targetEnum");
+// The keys of a descriptor by name, in their order.
+std::vector<std::wstring> KeyNames(const Connected& c, const DispatchPtr& descriptor) {
+  std::vector<std::wstring> names;
+  for (int32_t i = 0; i < Get(descriptor, dd::kCount).AsI4(); ++i) {
+    names.push_back(c.Name(Call(descriptor, dd::kGetKey, {I4(i)}).AsI4()));
   }
+  return names;
+}
+
+// A read of the application's "tool" answers with the tool and then its options, by char ids and by string ids,
+// and the options are those of the tool that is current now; any other property read gives that key alone.
+TEST_F(ActionGetTest, ToolReadGivesTheToolAndItsOptions) {
+  const auto stringForms = [&] {
+    return c.Read([&](const DispatchPtr& r) {
+      Call(r, dr::kPutProperty, {I4(c.S(L"property")), I4(c.S(L"tool"))});
+      Call(r, dr::kPutEnumerated, {I4(c.S(L"application")), I4(c.S(L"ordinal")), I4(c.S(L"targetEnum"))});
+    });
+  };
+  const auto charForms = [&] { return c.ReadProperty(L"capp", L"tool"); };
+  const std::vector<std::wstring> kToolAndOptions = {L"tool", L"currentToolOptions"};
+  for (const DispatchPtr& d : {charForms(), stringForms()}) {
+    EXPECT_EQ(KeyNames(c, d), kToolAndOptions);
+    EXPECT_EQ(c.Name(Call(d, dd::kGetEnumerationValue, {I4(c.S(L"tool"))}).AsI4()), L"targetEnum");
+    EXPECT_TRUE(Call(c.Object(d, L"currentToolOptions"), dd::kGetBoolean, {I4(c.C(L"MrqA"))}).AsBool());
+  }
+  Put(c.app, da::kCurrentTool, Str(L"paintbrushTool"));
+  for (const DispatchPtr& d : {charForms(), stringForms()}) {
+    EXPECT_EQ(KeyNames(c, d), kToolAndOptions);
+    EXPECT_TRUE(Call(c.Object(d, L"currentToolOptions"), dd::kGetBoolean, {I4(c.S(L"useTipDynamics"))}).AsBool());
+  }
+  EXPECT_EQ(KeyNames(c, c.ReadProperty(L"capp", L"interfacePrefs")), std::vector<std::wstring>{L"interfacePrefs"});
+  EXPECT_EQ(KeyNames(c, c.ReadProperty(L"capp", L"currentToolOptions")),
+            std::vector<std::wstring>{L"currentToolOptions"});
   EXPECT_EQ(FailureCode([&] { c.ReadProperty(L"capp", L"noSuchKey"); }), kDispEException);
-  EXPECT_EQ(c.String(c.ReadProperty(L"Dcmn", L"title"), L"title"), L"landscape.psd");
+  EXPECT_EQ(KeyNames(c, c.ReadProperty(L"Dcmn", L"title")), std::vector<std::wstring>{L"title"});
+}
+
+// The order of the answer is Photoshop's, not the application descriptor's: the whole application, as recorded,
+// lists currentToolOptions first.
+TEST(ActionGetScenarioTest, ToolReadOrderDoesNotFollowTheApplicationDescriptor) {
+  auto ps = FromText(R"({"application": {"currentToolOptions": {"_obj": "currentToolOptions", "opacity": 50},
+                                         "tool": {"_enum": "paintbrushTool", "_value": "targetEnum"}}})");
+  Connected c(ps);
+  EXPECT_EQ(KeyNames(c, c.ReadProperty(L"capp", L"tool")), (std::vector<std::wstring>{L"tool", L"currentToolOptions"}));
 }
 
 TEST_F(ActionGetTest, DocumentKeysFollowTheStack) {
@@ -106,6 +139,54 @@ TEST_F(ActionGetTest, DocumentKeysFollowTheStack) {
     EXPECT_EQ(index, kIndexes[i]);
     EXPECT_EQ(c.Integer(c.ReadIndex(L"Lyr ", index), L"layerID"), kLayerIds[i]);
   }
+}
+
+// targetLayers as the scenario's "selectedLayers" gives it: missing, the current layer (named or the top one),
+// also over a descriptor without the key; an empty list, the key with nothing in it; null, no key, so that a read of
+// it fails as after Deselect Layers, even where the pasted descriptor had its own.
+TEST(ActionGetScenarioTest, TargetLayersFollowTheSelectionOfLayers) {
+  struct Case {
+    const char* extra;      // the document's keys beside its layers
+    int targets;            // -1: a read of targetLayers fails
+    int32_t firstLayerId;   // the layer that the first target names
+  };
+  const Case kCases[] = {
+      {R"("activeLayer": 12)", 1, 12},
+      {R"("activeLayer": 11)", 1, 11},
+      {R"("descriptor": {"title": "a.psd"})", 1, 10},
+      {R"("activeLayer": 13, "selectedLayers": [10, 13])", 2, 10},
+      {R"("selectedLayers": [])", 0, 0},
+      {R"("selectedLayers": null)", -1, 0},
+      {R"("selectedLayers": null, "descriptor": {"targetLayers": [{"_ref": "layer", "_index": 1}]})", -1, 0},
+  };
+  for (bool background : {false, true}) {
+    for (const Case& k : kCases) {
+      SCOPED_TRACE(std::string(k.extra) + (background ? " with background" : " without background"));
+      std::string json = Layers(background);
+      json.insert(json.rfind("]}]}") + 1, std::string(", ") + k.extra);
+      auto ps = FromText(json);
+      Connected c(ps);
+      if (k.targets < 0) {
+        EXPECT_EQ(FailureCode([&] { c.ReadProperty(L"Dcmn", L"targetLayers"); }), kDispEException);
+        EXPECT_FALSE(Call(c.ReadCurrent(L"Dcmn"), dd::kHasKey, {I4(c.S(L"targetLayers"))}).AsBool());
+        continue;
+      }
+      const DispatchPtr document = c.ReadProperty(L"Dcmn", L"targetLayers");
+      const DispatchPtr targets = Call(document, dd::kGetList, {I4(c.S(L"targetLayers"))}).AsDispatch();
+      ASSERT_EQ(Get(targets, dl::kCount).AsI4(), k.targets);
+      if (k.targets == 0) continue;
+      const int32_t index = Call(Call(targets, dl::kGetReference, {I4(0)}).AsDispatch(), dr::kGetIndex).AsI4();
+      const DispatchPtr layer = c.ReadBy(dr::kPutIdentifier, L"Lyr ", I4(k.firstLayerId));
+      EXPECT_EQ(index + 1, c.Integer(layer, L"itemIndex"));
+    }
+  }
+}
+
+// A document without layers has none to target.
+TEST(ActionGetScenarioTest, NoLayersNoTargetLayers) {
+  auto ps = FromText(R"({"documents": [{"descriptor": {"title": "empty.psd"}}]})");
+  Connected c(ps);
+  EXPECT_EQ(FailureCode([&] { c.ReadProperty(L"Dcmn", L"targetLayers"); }), kDispEException);
 }
 
 TEST_F(ActionGetTest, ChannelsPathsAndHistory) {

@@ -4,6 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+
+#include "platform/text.h"
+
 #include "sim_test_support.h"
 
 namespace ostrel::sim {
@@ -83,6 +88,75 @@ TEST_F(ActionObjectsTest, ListsByPositionFromZero) {
   EXPECT_EQ(FailureCode([&] { Call(printers, dd::kHasKey, {I4(0)}); }), kDispENotFound);  // no keys in a list
   const DispatchPtr workspaces = Call(c.ReadCurrent(L"capp"), dd::kGetList, {I4(c.S(L"workspaceList"))}).AsDispatch();
   EXPECT_EQ(c.String(Call(workspaces, dl::kGetObjectValue, {I4(2)}).AsDispatch(), L"displayName"), L"Motion");
+}
+
+// The two unsettled behaviours, each with its default and its other choice, on descriptors and on lists.
+// A raw data key is counted and walked like any other, getType gives 12, and no typed get reads it.
+TEST(RawDataTest, GetTypeGivesTwelveAndTypedGetsFail) {
+  auto ps = FromText(R"({"application": {"before": 1, "legacyContentData": {"_rawData": "AAECAw=="}, "after": 2}})");
+  Connected c(ps);
+  const DispatchPtr app = c.ReadCurrent(L"capp");
+  const int32_t key = c.S(L"legacyContentData");
+  EXPECT_EQ(Call(app, dd::kGetKey, {I4(1)}).AsI4(), key);
+  EXPECT_EQ(Call(app, dd::kGetType, {I4(key)}).AsI4(), 12);
+  for (int32_t get : {dd::kGetInteger, dd::kGetString, dd::kGetDouble, dd::kGetObjectValue, dd::kGetList}) {
+    SCOPED_TRACE(get);
+    EXPECT_EQ(FailureCode([&] { Call(app, get, {I4(key)}); }), kDispEException);
+  }
+  auto listed = FromText(R"({"application": {"items": [{"_rawData": "/w=="}, "text"]}})");
+  Connected l(listed);
+  const DispatchPtr items = Call(l.ReadCurrent(L"capp"), dd::kGetList, {I4(l.S(L"items"))}).AsDispatch();
+  EXPECT_EQ(Call(items, dd::kGetType, {I4(0)}).AsI4(), 12);
+  EXPECT_EQ(Call(items, dd::kGetType, {I4(1)}).AsI4(), static_cast<int32_t>(ValueType::kString));
+}
+
+TEST(UnsettledBehaviourTest, EachChoiceIsServed) {
+  struct Case {
+    const char* unsettled;       // the scenario's "unsettled" object
+    bool charIdOfOtherLengthFails;
+    bool integerOfBooleanFails;
+  };
+  const Case kCases[] = {
+      {"{}", true, false},
+      {R"({"charIDToTypeIDOfOtherLength": "fails", "getIntegerOfBoolean": "zeroOrOne"})", true, false},
+      {R"({"charIDToTypeIDOfOtherLength": "minusOne"})", false, false},
+      {R"({"getIntegerOfBoolean": "fails"})", true, true},
+      {R"({"charIDToTypeIDOfOtherLength": "minusOne", "getIntegerOfBoolean": "fails"})", false, true},
+  };
+  for (const Case& k : kCases) {
+    SCOPED_TRACE(k.unsettled);
+    auto ps = FromText(std::string(R"({"application": {"flags": [true, false], "visible": true}, "unsettled": )") +
+                       k.unsettled + "}");
+    Connected c(ps);
+    for (const wchar_t* text : {L"Lyr", L"layer", L"", L"Lyr  "}) {
+      SCOPED_TRACE(ToUtf8(text));
+      const auto charId = [&] { return Call(c.app, da::kCharIDToTypeID, {Str(text)}).AsI4(); };
+      if (k.charIdOfOtherLengthFails) {
+        EXPECT_EQ(FailureCode(charId), kDispEException);
+      } else {
+        EXPECT_EQ(charId(), -1);
+      }
+    }
+    EXPECT_EQ(c.C(L"Lyr "), 0x4C797220);  // four characters are a char id under either choice
+    EXPECT_EQ(FailureCode([&] { c.C(L"\u56fe\u5c42\u4e00\u4e8c"); }), kDispEException);
+    const DispatchPtr app = c.ReadCurrent(L"capp");
+    const DispatchPtr flags = Call(app, dd::kGetList, {I4(c.S(L"flags"))}).AsDispatch();
+    const std::function<int32_t()> integerOfBoolean[] = {
+        [&] { return c.Integer(app, L"visible"); },
+        [&] { return Call(flags, dd::kGetInteger, {I4(0)}).AsI4(); },
+    };
+    for (const auto& read : integerOfBoolean) {
+      if (k.integerOfBooleanFails) {
+        EXPECT_EQ(FailureCode(read), kDispEException);
+      } else {
+        EXPECT_EQ(read(), 1);
+      }
+    }
+    if (!k.integerOfBooleanFails) {
+      EXPECT_EQ(Call(flags, dd::kGetInteger, {I4(1)}).AsI4(), 0);
+    }
+    EXPECT_TRUE(Call(app, dd::kGetBoolean, {I4(c.S(L"visible"))}).AsBool());  // getBoolean reads it either way
+  }
 }
 
 TEST_F(ActionObjectsTest, ReferencesKeepTheirElements) {

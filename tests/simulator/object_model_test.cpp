@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+
 #include "sim_test_support.h"
 
 namespace ostrel::sim {
@@ -56,8 +59,8 @@ TEST_F(ObjectModelTest, LayerCollectionsAndItems) {
   EXPECT_EQ(Get(Item(artLayers, 1), om::kName).AsBstr(), L"Title");
   EXPECT_EQ(Get(Item(artLayers, 3), om::kId).AsI4(), 1);
   EXPECT_EQ(Get(Call(artLayers, om::kItem, {I4(2)}).AsDispatch(), om::kItemIndex).AsI4(), 2);
-  EXPECT_EQ(FailureCode([&] { Item(artLayers, 0); }), kDispEException);
-  EXPECT_EQ(FailureCode([&] { Item(artLayers, 4); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Item(artLayers, 0); }), kDispEBadIndex);
+  EXPECT_EQ(FailureCode([&] { Item(artLayers, 4); }), kDispEBadIndex);
   EXPECT_EQ(FailureCode([&] { Call(artLayers, om::kItem, {Str(L"1")}); }), kDispETypeMismatch);
   const DispatchPtr group = Item(layerSets, 1);
   EXPECT_EQ(Get(group, om::kId).AsI4(), 5);
@@ -89,7 +92,7 @@ TEST_F(ObjectModelTest, HistoryStates) {
   // Without a source, Photoshop's error is "No such element" in the language of its interface.
   ps.state().documents[0].historyBrushSource = 0;
   std::wstring description;
-  EXPECT_EQ(FailureCode([&] { Get(document, om::kActiveHistoryBrushSource); }, &description), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Get(document, om::kActiveHistoryBrushSource); }, &description), kDispEBadIndex);
   EXPECT_EQ(description, L"没有这种元素");
 }
 
@@ -126,12 +129,38 @@ TEST_F(ObjectModelTest, ClosedDocumentIsGone) {
   const DispatchPtr layers = Of(document, om::kArtLayers);
   Call(document, om::kClose, {I4(2)});
   EXPECT_EQ(Count(Of(c.app, da::kDocuments)), 0);
-  EXPECT_EQ(FailureCode([&] { Get(document, om::kName); }), kDispEException);
-  EXPECT_EQ(FailureCode([&] { Count(layers); }), kDispEException);
-  EXPECT_EQ(FailureCode([&] { Document(); }), kDispEException);
+  EXPECT_EQ(FailureCode([&] { Get(document, om::kName); }), kDispEBadIndex);
+  EXPECT_EQ(FailureCode([&] { Count(layers); }), kDispEBadIndex);
+  EXPECT_EQ(FailureCode([&] { Document(); }), kDispEBadIndex);
   ASSERT_FALSE(ps.Journal().empty());
   EXPECT_EQ(ps.Journal().back().member, "close");
   EXPECT_EQ(ps.Journal().back().detail, L"2");
+}
+
+// activeDocument with no document open and a selection's bounds with no selection fail with Photoshop's
+// "No such element", in the language of its interface, carrying DISP_E_BADINDEX: not as a general error.
+TEST(ObjectModelScenarioTest, NothingThereIsNoSuchElement) {
+  struct Case {
+    const char* language;
+    const wchar_t* text;
+  };
+  const Case kLanguages[] = {{"en_US", L"No such element"}, {"zh_CN", L"没有这种元素"}};
+  for (const Case& k : kLanguages) {
+    SCOPED_TRACE(k.language);
+    const std::string language = std::string(R"("language": ")") + k.language + "\"";
+    auto none = FromText("{" + language + "}");
+    Connected noDocument(none);
+    auto unselected = FromText("{" + language + R"(, "documents": [{"selection": null}]})");
+    Connected noSelection(unselected);
+    const DispatchPtr selection = Get(Get(noSelection.app, da::kActiveDocument).AsDispatch(), om::kSelection).AsDispatch();
+    const std::function<void()> reads[] = {[&] { Get(noDocument.app, da::kActiveDocument); },
+                                           [&] { Get(selection, om::kBounds); }};
+    for (const auto& read : reads) {
+      std::wstring description;
+      EXPECT_EQ(FailureCode(read, &description), kDispEBadIndex);
+      EXPECT_EQ(description, k.text);
+    }
+  }
 }
 
 TEST_F(ObjectModelTest, WrongKindOrArgumentsFailAsComDoes) {

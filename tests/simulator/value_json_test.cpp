@@ -88,6 +88,7 @@ TEST(ValueJsonTest, NotationsGiveTheirTypes) {
       {R"({"_unit": "pixelsUnit", "_value": 3})", ValueType::kUnitDouble},
       {R"({"_path": "C:\\a.psd"})", ValueType::kAlias},
       {R"({"_class": "layer"})", ValueType::kClass},
+      {R"({"_rawData": "AAEC"})", kRawData},
       {R"({"_ref": "layer", "_index": 1})", ValueType::kReference},
       {R"({"_property": "title"})", ValueType::kReference},
       {R"({"_ref": [{"_ref": "layer", "_enum": "ordinal"}, {"_ref": "document", "_id": 3}]})", ValueType::kReference},
@@ -130,6 +131,12 @@ TEST(ValueJsonTest, MistakesNameTheirPlace) {
       {R"({"a": {"_obj": 3}})", "/a/_obj"},
       {R"({"$Lyr": 1})", "/$Lyr"},
       {R"({"a~b/c": {"_id": 1}})", "/a~0b~1c/_id"},
+      {R"({"a": {"_rawData": "AAE"}})", "/a/_rawData"},
+      {R"({"a": {"_rawData": "AA=A"}})", "/a/_rawData"},
+      {R"({"a": {"_rawData": "A==="}})", "/a/_rawData"},
+      {R"({"a": {"_rawData": "A*=="}})", "/a/_rawData"},
+      {R"({"a": {"_rawData": 12}})", "/a/_rawData"},
+      {R"({"a": {"_rawData": "", "x": 1}})", "/a/x"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.json);
@@ -140,6 +147,30 @@ TEST(ValueJsonTest, MistakesNameTheirPlace) {
     } catch (const NotationError& e) {
       EXPECT_EQ(e.pointer(), c.pointer) << e.what();
     }
+  }
+}
+
+// Raw data is base64 in the notation: every length of the last group (no padding, one or two "=") gives its bytes,
+// zero and high bytes among them, and writes back as it was read.
+TEST(ValueJsonTest, RawDataIsBase64BothWays) {
+  struct Case {
+    const char* base64;
+    std::string bytes;
+  };
+  const Case cases[] = {
+      {"", ""},
+      {"/w==", "\xff"},
+      {"AP8=", std::string("\x00\xff", 2)},
+      {"TWFu", "Man"},
+      {"8J+YgAA=", std::string("\xf0\x9f\x98\x80\x00", 5)},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.base64);
+    TypeIds ids;
+    const Json json = {{"_rawData", c.base64}};
+    const Value value = ValueFromJson(json, ids);
+    EXPECT_EQ(value.bytes, c.bytes);
+    EXPECT_EQ(ValueToJson(value, ids), json);
   }
 }
 
