@@ -270,7 +270,8 @@ double Pixels(const Descriptor& descriptor, int32_t key) {
 // "unitsPrefs", or its own "rulerUnits"; pixels without either. A size in percent is the whole document's, 100.
 std::function<double(double, double)> Loader::RulerUnits(const ApplicationState& app) const {
   const Value* units = nullptr;
-  if (const Value* prefs = app.descriptor.Find(m_ids.StringIdToTypeId(L"unitsPrefs")); prefs && prefs->type == ValueType::kObject) {
+  if (const Value* prefs = app.descriptor.Find(m_ids.StringIdToTypeId(L"unitsPrefs"));
+      prefs && prefs->type == ValueType::kObject) {
     units = prefs->object.Find(CharId("RlrU"));
   }
   if (!units) units = app.descriptor.Find(CharId("RlrU"));
@@ -280,16 +281,17 @@ std::function<double(double, double)> Loader::RulerUnits(const ApplicationState&
     const wchar_t* name;
     double perInch;  // 0: pixels
   };
-  constexpr Unit kUnits[] = {{L"rulerPixels", 0},  {L"rulerInches", 1},  {L"rulerCm", 2.54},     {L"rulerMillimeters", 25.4},
-                             {L"rulerPoints", 72}, {L"rulerPicas", 6}};
+  constexpr Unit kUnits[] = {{L"rulerPixels", 0},         {L"rulerInches", 1},  {L"rulerCm", 2.54},
+                             {L"rulerMillimeters", 25.4}, {L"rulerPoints", 72}, {L"rulerPicas", 6}};
   if (name == L"rulerPercent") return [](double, double) { return 100.0; };
   for (const Unit& unit : kUnits) {
     if (name != unit.name) continue;
     if (unit.perInch == 0) return [](double pixels, double) { return pixels; };
     return [perInch = unit.perInch](double pixels, double resolution) { return pixels / resolution * perInch; };
   }
-  Fail("/application", "\"rulerUnits\" must be one of rulerPixels, rulerInches, rulerCm, rulerMillimeters, rulerPoints, "
-                       "rulerPicas, rulerPercent");
+  Fail("/application",
+       "\"rulerUnits\" must be one of rulerPixels, rulerInches, rulerCm, rulerMillimeters, rulerPoints, "
+       "rulerPicas, rulerPercent");
 }
 
 DocumentState Loader::LoadDocument(const Json& json, const std::string& pointer, int serial,
@@ -441,7 +443,8 @@ void Loader::LoadUnsettled(const Json& root, State& state) {
   };
   for (const auto& [key, value] : unsettled->items()) {
     const std::string at = PointerTo("/unsettled", key);
-    const auto choice = std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
+    const auto choice =
+        std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
     if (choice == std::end(choices)) Fail(at, "unknown key \"" + key + "\"");
     const std::string word = value.is_string() ? value.get<std::string>() : "";
     if (word != choice->first && word != choice->second) {
@@ -453,9 +456,10 @@ void Loader::LoadUnsettled(const Json& root, State& state) {
 
 State Loader::Load(const Json& root) {
   if (!root.is_object()) Fail("", "a scenario must be a JSON object, not " + TypeName(root));
-  ExpectKeys(root, {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path",
-                    "visible", "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents",
-                    "activeDocument", "unsettled", "comment"},
+  ExpectKeys(root,
+             {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path", "visible",
+              "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents", "activeDocument",
+              "unsettled", "comment"},
              "");
   State state;
   const auto fail = [this](const std::string& at, const std::string& message) { Fail(at, message); };
@@ -474,7 +478,8 @@ State Loader::Load(const Json& root) {
   if (const Json* documents = Find(root, "documents", Json::value_t::array, "a list", "")) {
     const auto rulerUnits = RulerUnits(state.app);
     for (size_t i = 0; i < documents->size(); ++i) {
-      state.documents.push_back(LoadDocument((*documents)[i], PointerTo("/documents", i), state.nextSerial++, rulerUnits));
+      state.documents.push_back(
+          LoadDocument((*documents)[i], PointerTo("/documents", i), state.nextSerial++, rulerUnits));
     }
   }
   state.activeDocument = state.documents.empty() ? -1 : 0;

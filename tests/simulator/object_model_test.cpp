@@ -152,7 +152,8 @@ TEST(ObjectModelScenarioTest, NothingThereIsNoSuchElement) {
     Connected noDocument(none);
     auto unselected = FromText("{" + language + R"(, "documents": [{"selection": null}]})");
     Connected noSelection(unselected);
-    const DispatchPtr selection = Get(Get(noSelection.app, da::kActiveDocument).AsDispatch(), om::kSelection).AsDispatch();
+    const DispatchPtr selection =
+        Get(Get(noSelection.app, da::kActiveDocument).AsDispatch(), om::kSelection).AsDispatch();
     const std::function<void()> reads[] = {[&] { Get(noDocument.app, da::kActiveDocument); },
                                            [&] { Get(selection, om::kBounds); }};
     for (const auto& read : reads) {
@@ -174,16 +175,20 @@ TEST(ObjectModelScenarioTest, SizeIsInTheRulerUnits) {
   };
   const Case kCases[] = {
       {"{}", 2100, 1500},
-      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPixels"}}})", 2100, 1500},
-      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerInches"}}})", 7, 5},
-      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerCm"}}})", 17.78, 12.7},
+      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPixels"}}})",
+       2100, 1500},
+      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerInches"}}})", 7,
+       5},
+      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerCm"}}})", 17.78,
+       12.7},
       {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerMillimeters"}}})", 177.8, 127},
       {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPoints"}}})", 504, 360},
       {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPicas"}}})", 42, 30},
       {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPercent"}}})", 100, 100},
       {R"({"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerInches"}})", 7, 5},
       {R"({"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPixels"},
-           "unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPicas"}}})", 42, 30},
+           "unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPicas"}}})",
+       42, 30},
   };
   const std::string document =
       R"("documents": [{"descriptor": {"width": {"_unit": "distanceUnit", "_value": 504},
