@@ -235,7 +235,8 @@ const Value& ActionListObject::Get(int32_t position, ValueType wanted) {
   if (position < 0 || position >= static_cast<int32_t>(m_items.size())) {
     ThrowGeneralError(Format(L"There is no item at position %d.", position));
   }
-  return Checked(session(), m_items[static_cast<size_t>(position)], wanted, Format(L"The item at position %d", position));
+  return Checked(session(), m_items[static_cast<size_t>(position)], wanted,
+                 Format(L"The item at position %d", position));
 }
 
 ActionReferenceObject::ActionReferenceObject(std::shared_ptr<Session> session, Reference value)

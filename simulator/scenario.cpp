@@ -39,7 +39,9 @@ class Loader {
   Descriptor DescriptorFile(const std::string& reference, const std::string& pointer);
   void LoadApplication(const Json& root, State& state);
   void LoadUnsettled(const Json& root, State& state);
-  DocumentState LoadDocument(const Json& json, const std::string& pointer, int serial);
+  std::function<double(double, double)> RulerUnits(const ApplicationState& app) const;
+  DocumentState LoadDocument(const Json& json, const std::string& pointer, int serial,
+                             const std::function<double(double, double)>& rulerUnits);
   LayerNode LoadLayer(const Json& json, const std::string& pointer);
   void NumberLayers(DocumentState& document, const std::string& pointer);
   void LoadSelectionOfLayers(const Json& json, DocumentState& document, const std::string& pointer);
@@ -254,8 +256,8 @@ void Loader::LoadSelectionOfLayers(const Json& json, DocumentState& document, co
   document.descriptor.Put(targetLayers, Value::List(std::move(references)));
 }
 
-// The object model's size: given, or from the descriptor's width and height (points at 72 per inch, or pixels).
-double Size(const Descriptor& descriptor, int32_t key) {
+// The size in pixels of the descriptor's width or height (points at 72 per inch, or pixels).
+double Pixels(const Descriptor& descriptor, int32_t key) {
   const Value* value = descriptor.Find(key);
   if (!value) return 0;
   if (value->type == ValueType::kUnitDouble && value->typeId == CharId("#Rlt")) {
@@ -264,7 +266,36 @@ double Size(const Descriptor& descriptor, int32_t key) {
   return NumberOf(descriptor, key).value_or(0);
 }
 
-DocumentState Loader::LoadDocument(const Json& json, const std::string& pointer, int serial) {
+// A length in pixels at a resolution (pixels per inch) in the application's ruler units: "rulerUnits" of its
+// "unitsPrefs", or its own "rulerUnits"; pixels without either. A size in percent is the whole document's, 100.
+std::function<double(double, double)> Loader::RulerUnits(const ApplicationState& app) const {
+  const Value* units = nullptr;
+  if (const Value* prefs = app.descriptor.Find(m_ids.StringIdToTypeId(L"unitsPrefs"));
+      prefs && prefs->type == ValueType::kObject) {
+    units = prefs->object.Find(CharId("RlrU"));
+  }
+  if (!units) units = app.descriptor.Find(CharId("RlrU"));
+  if (!units) return [](double pixels, double) { return pixels; };
+  const std::wstring name = units->type == ValueType::kEnumerated ? m_ids.TypeIdToStringId(units->enumValue) : L"";
+  struct Unit {
+    const wchar_t* name;
+    double perInch;  // 0: pixels
+  };
+  constexpr Unit kUnits[] = {{L"rulerPixels", 0},         {L"rulerInches", 1},  {L"rulerCm", 2.54},
+                             {L"rulerMillimeters", 25.4}, {L"rulerPoints", 72}, {L"rulerPicas", 6}};
+  if (name == L"rulerPercent") return [](double, double) { return 100.0; };
+  for (const Unit& unit : kUnits) {
+    if (name != unit.name) continue;
+    if (unit.perInch == 0) return [](double pixels, double) { return pixels; };
+    return [perInch = unit.perInch](double pixels, double resolution) { return pixels / resolution * perInch; };
+  }
+  Fail("/application",
+       "\"rulerUnits\" must be one of rulerPixels, rulerInches, rulerCm, rulerMillimeters, rulerPoints, "
+       "rulerPicas, rulerPercent");
+}
+
+DocumentState Loader::LoadDocument(const Json& json, const std::string& pointer, int serial,
+                                   const std::function<double(double, double)>& rulerUnits) {
   if (!json.is_object()) Fail(pointer, "a document must be an object, not " + TypeName(json));
   ExpectKeys(json, {"descriptor", "fullName", "width", "height", "layers", "activeLayer", "selectedLayers", "channels",
                     "activeChannel", "paths", "history", "activeHistoryState", "historyBrushSource", "selection"},
@@ -278,8 +309,11 @@ DocumentState Loader::LoadDocument(const Json& json, const std::string& pointer,
   if (json.contains("fullName")) document.fullName = Text(json["fullName"], PointerTo(pointer, "fullName"));
   const Json* width = Find(json, "width", Json::value_t::number_float, "a number", pointer);
   const Json* height = Find(json, "height", Json::value_t::number_float, "a number", pointer);
-  document.width = width ? width->get<double>() : Size(document.descriptor, CharId("Wdth"));
-  document.height = height ? height->get<double>() : Size(document.descriptor, CharId("Hght"));
+  // The object model gives the size in the ruler units: given so, or converted from the descriptor's.
+  const double resolution = NumberOf(document.descriptor, CharId("Rslt")).value_or(72.0);
+  const auto inRulerUnits = [&](int32_t key) { return rulerUnits(Pixels(document.descriptor, key), resolution); };
+  document.width = width ? width->get<double>() : inRulerUnits(CharId("Wdth"));
+  document.height = height ? height->get<double>() : inRulerUnits(CharId("Hght"));
   if (const Json* layers = Find(json, "layers", Json::value_t::array, "a list", pointer)) {
     for (size_t i = 0; i < layers->size(); ++i) {
       document.layers.push_back(LoadLayer((*layers)[i], PointerTo(PointerTo(pointer, "layers"), i)));
@@ -409,7 +443,8 @@ void Loader::LoadUnsettled(const Json& root, State& state) {
   };
   for (const auto& [key, value] : unsettled->items()) {
     const std::string at = PointerTo("/unsettled", key);
-    const auto choice = std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
+    const auto choice =
+        std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
     if (choice == std::end(choices)) Fail(at, "unknown key \"" + key + "\"");
     const std::string word = value.is_string() ? value.get<std::string>() : "";
     if (word != choice->first && word != choice->second) {
@@ -421,9 +456,10 @@ void Loader::LoadUnsettled(const Json& root, State& state) {
 
 State Loader::Load(const Json& root) {
   if (!root.is_object()) Fail("", "a scenario must be a JSON object, not " + TypeName(root));
-  ExpectKeys(root, {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path",
-                    "visible", "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents",
-                    "activeDocument", "unsettled", "comment"},
+  ExpectKeys(root,
+             {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path", "visible",
+              "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents", "activeDocument",
+              "unsettled", "comment"},
              "");
   State state;
   const auto fail = [this](const std::string& at, const std::string& message) { Fail(at, message); };
@@ -440,8 +476,10 @@ State Loader::Load(const Json& root) {
   LoadApplication(root, state);
   LoadUnsettled(root, state);
   if (const Json* documents = Find(root, "documents", Json::value_t::array, "a list", "")) {
+    const auto rulerUnits = RulerUnits(state.app);
     for (size_t i = 0; i < documents->size(); ++i) {
-      state.documents.push_back(LoadDocument((*documents)[i], PointerTo("/documents", i), state.nextSerial++));
+      state.documents.push_back(
+          LoadDocument((*documents)[i], PointerTo("/documents", i), state.nextSerial++, rulerUnits));
     }
   }
   state.activeDocument = state.documents.empty() ? -1 : 0;

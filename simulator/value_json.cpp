@@ -15,8 +15,8 @@ namespace ostrel::sim {
 namespace {
 
 // Member names with a meaning in the notation. Any other name, also one that starts with "_", is a key.
-const std::set<std::string, std::less<>> kNotationWords = {"_obj",   "_enum",  "_value",    "_unit",   "_path",
-                                                           "_class", "_ref",   "_id",       "_index",  "_name",
+const std::set<std::string, std::less<>> kNotationWords = {"_obj",    "_enum", "_value",    "_unit",   "_path",
+                                                           "_class",  "_ref",  "_id",       "_index",  "_name",
                                                            "_offset", "_kind", "_property", "_rawData"};
 
 [[noreturn]] void Fail(const std::string& pointer, const std::string& message) { throw NotationError(pointer, message); }

@@ -146,9 +146,9 @@ TEST_F(ActionGetTest, DocumentKeysFollowTheStack) {
 // it fails as after Deselect Layers, even where the pasted descriptor had its own.
 TEST(ActionGetScenarioTest, TargetLayersFollowTheSelectionOfLayers) {
   struct Case {
-    const char* extra;      // the document's keys beside its layers
-    int targets;            // -1: a read of targetLayers fails
-    int32_t firstLayerId;   // the layer that the first target names
+    const char* extra;     // the document's keys beside its layers
+    int targets;           // -1: a read of targetLayers fails
+    int32_t firstLayerId;  // the layer that the first target names
   };
   const Case kCases[] = {
       {R"("activeLayer": 12)", 1, 12},

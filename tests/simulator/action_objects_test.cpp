@@ -8,7 +8,6 @@
 #include <string>
 
 #include "platform/text.h"
-
 #include "sim_test_support.h"
 
 namespace ostrel::sim {
@@ -112,7 +111,7 @@ TEST(RawDataTest, GetTypeGivesTwelveAndTypedGetsFail) {
 
 TEST(UnsettledBehaviourTest, EachChoiceIsServed) {
   struct Case {
-    const char* unsettled;       // the scenario's "unsettled" object
+    const char* unsettled;  // the scenario's "unsettled" object
     bool charIdOfOtherLengthFails;
     bool integerOfBooleanFails;
   };

@@ -152,7 +152,8 @@ TEST(ObjectModelScenarioTest, NothingThereIsNoSuchElement) {
     Connected noDocument(none);
     auto unselected = FromText("{" + language + R"(, "documents": [{"selection": null}]})");
     Connected noSelection(unselected);
-    const DispatchPtr selection = Get(Get(noSelection.app, da::kActiveDocument).AsDispatch(), om::kSelection).AsDispatch();
+    const DispatchPtr selection =
+        Get(Get(noSelection.app, da::kActiveDocument).AsDispatch(), om::kSelection).AsDispatch();
     const std::function<void()> reads[] = {[&] { Get(noDocument.app, da::kActiveDocument); },
                                            [&] { Get(selection, om::kBounds); }};
     for (const auto& read : reads) {
@@ -161,6 +162,53 @@ TEST(ObjectModelScenarioTest, NothingThereIsNoSuchElement) {
       EXPECT_EQ(description, k.text);
     }
   }
+}
+
+// The object model gives a document's width and height in the ruler units of the application's unitsPrefs (or
+// its own rulerUnits): the descriptor's 504 by 360 points at 300 pixels per inch are 2100 by 1500 pixels. A size
+// the scenario gives is taken as in those units already.
+TEST(ObjectModelScenarioTest, SizeIsInTheRulerUnits) {
+  struct Case {
+    const char* application;
+    double width;
+    double height;
+  };
+  const Case kCases[] = {
+      {"{}", 2100, 1500},
+      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPixels"}}})",
+       2100, 1500},
+      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerInches"}}})", 7,
+       5},
+      {R"({"unitsPrefs": {"_obj": "unitsPrefs", "rulerUnits": {"_enum": "rulerUnits", "_value": "rulerCm"}}})", 17.78,
+       12.7},
+      {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerMillimeters"}}})", 177.8, 127},
+      {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPoints"}}})", 504, 360},
+      {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPicas"}}})", 42, 30},
+      {R"({"unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPercent"}}})", 100, 100},
+      {R"({"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerInches"}})", 7, 5},
+      {R"({"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPixels"},
+           "unitsPrefs": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerPicas"}}})",
+       42, 30},
+  };
+  const std::string document =
+      R"("documents": [{"descriptor": {"width": {"_unit": "distanceUnit", "_value": 504},
+                                       "height": {"_unit": "distanceUnit", "_value": 360},
+                                       "resolution": {"_unit": "densityUnit", "_value": 300.0}}}])";
+  for (const Case& k : kCases) {
+    SCOPED_TRACE(k.application);
+    auto ps = FromText(std::string(R"({"application": )") + k.application + ", " + document + "}");
+    Connected c(ps);
+    const DispatchPtr active = Get(c.app, da::kActiveDocument).AsDispatch();
+    EXPECT_NEAR(Get(active, om::kWidth).AsR8(), k.width, 1e-9);
+    EXPECT_NEAR(Get(active, om::kHeight).AsR8(), k.height, 1e-9);
+  }
+  auto given = FromText(R"({"application": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerCm"}},
+                            "documents": [{"width": 21.0, "height": 29.7}]})");
+  Connected c(given);
+  EXPECT_EQ(Get(Get(c.app, da::kActiveDocument).AsDispatch(), om::kWidth).AsR8(), 21.0);
+  EXPECT_THROW(FromText(R"({"application": {"rulerUnits": {"_enum": "rulerUnits", "_value": "rulerFeet"}},
+                            "documents": [{}]})"),
+               ScenarioError);
 }
 
 TEST_F(ObjectModelTest, WrongKindOrArgumentsFailAsComDoes) {
