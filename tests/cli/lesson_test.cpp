@@ -134,8 +134,10 @@ TEST(LessonTest, Utf16SurrogatePair) {
             std::vector<std::wstring>{FromUtf8("😀")});
 }
 
+// Writes a file under a name of the running test's own, so that tests run in parallel never share one.
 std::string WriteFile(const std::string& name, const std::string& bytes) {
-  const std::string path = ::testing::TempDir() + name;
+  const std::string path =
+      ::testing::TempDir() + ::testing::UnitTest::GetInstance()->current_test_info()->name() + "_" + name;
   std::ofstream(path, std::ios::binary) << bytes;
   return path;
 }

@@ -1,0 +1,21 @@
+cmake_minimum_required(VERSION 3.25)
+# Checks that the README's table of automation calls per export is what TOOL gives now on the SCENARIOS (a list),
+# so that a change in the calls shows in the README: ./dev calls-table rewrites it.
+execute_process(COMMAND ${TOOL} ${SCENARIOS} WORKING_DIRECTORY ${SOURCE_DIR} OUTPUT_VARIABLE table
+  RESULT_VARIABLE rc)
+if(rc)
+  message(FATAL_ERROR "${TOOL} failed (${rc})")
+endif()
+file(READ ${SOURCE_DIR}/README.md readme)
+string(FIND "${readme}" "<!-- calls-table:begin -->\n" begin)
+string(FIND "${readme}" "<!-- calls-table:end -->" end)
+if(begin EQUAL -1 OR end EQUAL -1)
+  message(FATAL_ERROR "README.md has no calls table markers")
+endif()
+math(EXPR begin "${begin} + 27")
+math(EXPR length "${end} - ${begin}")
+string(SUBSTRING "${readme}" ${begin} ${length} written)
+if(NOT written STREQUAL table)
+  message(FATAL_ERROR "README.md's calls table is out of date: run ./dev calls-table\nnow:\n${table}")
+endif()
+message(STATUS "README.md's calls table is up to date")
