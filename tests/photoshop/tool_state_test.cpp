@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <tuple>
 
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
@@ -58,10 +59,13 @@ TEST(ToolOptionNameTextTest, PhotoshopsNamesAsNumbersByTheFirstRowOfTheOption) {
 // A Photoshop whose active tool has the given options descriptor (in Photoshop's JSON notation).
 class ToolStateTest : public ::testing::Test {
  protected:
-  void Connect(const std::string& options, const char* language = "en_US") {
-    const std::string scenario = std::string(R"({"versions": [150], "language": ")") + language +
-                                 R"(", "application": [{"tool": {"_enum": "paintbrushTool", "_value": "targetEnum"},
-                                   "currentToolOptions": )" + options + "}]}";
+  // charIdOfOtherLength: how the simulated Photoshop answers charIDToTypeID of a name that isn't four characters,
+  // which no public source settles ("fails" or "minusOne"); the library must answer the same either way.
+  void Connect(const std::string& options, const char* charIdOfOtherLength = "fails") {
+    const std::string scenario =
+        std::string(R"({"versions": [150], "unsettled": {"charIDToTypeIDOfOtherLength": ")") + charIdOfOtherLength +
+        R"("}, "application": [{"tool": {"_enum": "paintbrushTool", "_value": "targetEnum"}, "currentToolOptions": )" +
+        options + "}]}";
     m_platform.reset();  // the previous Photoshop's platform goes first, so that it restores the default
     m_photoshop = std::make_unique<sim::SimulatedPhotoshop>(sim::ParseScenario(scenario, ExamplesDir(), "tool.json"));
     m_platform = std::make_unique<ScopedPlatform>(Platform{.automation = m_photoshop.get()});
@@ -116,18 +120,25 @@ const WalkCase kWalkCases[] = {
     {"StrokeBooleansBOnlyEmptiesTheString", 1409, R"({"_obj": "o", "$StmB": true})", 0, L""},
 };
 
-class ToolOptionWalkTest : public ToolStateTest, public ::testing::WithParamInterface<WalkCase> {};
+class ToolOptionWalkTest : public ToolStateTest,
+                           public ::testing::WithParamInterface<std::tuple<WalkCase, const char*>> {};
 
+// Nested objects are reached by their names turned back into type ids, which asks charIDToTypeID first: every
+// case runs under both of its possible answers to a name of another length.
 TEST_P(ToolOptionWalkTest, GivesTheValueOfTheFirstKeyFound) {
-  const WalkCase& c = GetParam();
-  Connect(c.options);
+  const auto& [c, charIdOfOtherLength] = GetParam();
+  Connect(c.options, charIdOfOtherLength);
   std::wstring value = L"keep";
   EXPECT_EQ(Ostrel_GetToolFeatures(EnToolFeatures{c.option}, value), c.result);
   EXPECT_EQ(value, c.value ? std::wstring(c.value) : Ostrel_TransfPatternName(L"Clouds"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, ToolOptionWalkTest, ::testing::ValuesIn(kWalkCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, ToolOptionWalkTest,
+                         ::testing::Combine(::testing::ValuesIn(kWalkCases), ::testing::Values("fails", "minusOne")),
+                         [](const auto& info) {
+                           return std::string(std::get<0>(info.param).name) +
+                                  (std::string(std::get<1>(info.param)) == "fails" ? "CharIdFails" : "CharIdMinusOne");
+                         });
 
 // The options of a real marquee tool, as Photoshop gave them: feather, style, aspect ratio and fixed size.
 TEST_F(ToolStateTest, RealMarqueeOptionsInTheNumberingOfTheTFRows) {
