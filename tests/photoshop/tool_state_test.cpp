@@ -205,14 +205,5 @@ TEST_F(ToolStateTest, TheEmptyOperationsAnswerOneEvenUnconnected) {
   EXPECT_TRUE(dashes.empty());
 }
 
-TEST_F(ToolStateTest, CommandsReachPhotoshop) {
-  Connect(R"({"_obj": "o"})");
-  const size_t before = m_photoshop->Journal().size();
-  EXPECT_EQ(Ostrel_ZoomScreen(L"zoomIn"), 1);
-  EXPECT_EQ(Ostrel_ImportPresetFile(L"brush", L"C:\\presets\\x.abr", 1), 1);
-  EXPECT_EQ(Ostrel_SetCustomShapeName(L"Heart"), 1);
-  EXPECT_EQ(m_photoshop->Journal().size(), before + 3);
-}
-
 }  // namespace
 }  // namespace ostrel
