@@ -9,10 +9,11 @@
 #include "ostrel/export.h"
 
 // A width and height pair, laid out as Windows' SIZE. A Windows host that links the DLL gets the system's own
-// definition from <windows.h>; everywhere else this one stands.
+// definition from <windows.h>, and so does code that included <windows.h> before; everywhere else this one
+// stands (the library itself is built without <windows.h>, with the same name and layout).
 #if defined(_WIN32) && !defined(OSTREL_BUILDING) && !defined(OSTREL_STATIC)
 #include <windows.h>
-#else
+#elif !defined(_WINDEF_)
 struct tagSIZE {
   long cx;
   long cy;

@@ -42,13 +42,15 @@ const ExportCase kCases[] = {
     {"ToolOption",
      [] {
        std::wstring value;
-       return std::to_wstring(Ostrel_GetToolFeatures(EnToolFeatures{53}, value)) + L":" + value;
+       const int result = Ostrel_GetToolFeatures(EnToolFeatures{53}, value);
+       return std::to_wstring(result) + L":" + value;
      },
      L"1:1.000", L"0:"},
     {"HistoryList",
      [] {
        std::vector<std::wstring> names;
-       return std::to_wstring(Ostrel_GetHistoryList(names)) + L":" + Joined(names);
+       const int result = Ostrel_GetHistoryList(names);  // before the names are joined
+       return std::to_wstring(result) + L":" + Joined(names);
      },
      L"1:Open|Brush Tool|New Layer|", L"0:"},  // on failure: 0 and the names read before it
     {"CanvasSize",
@@ -57,6 +59,13 @@ const ExportCase kCases[] = {
        return std::to_wstring(size.cx) + L"x" + std::to_wstring(size.cy);
      },
      L"2100x1500", L"0x0"},
+    {"HistoryCountAndName",
+     [] {
+       const int count = Ostrel_GetHistoryCount();
+       const std::wstring name = Ostrel_GetHistoryName(1);
+       return std::to_wstring(count) + L":" + name + L":" + std::to_wstring(Ostrel_GetCurrentHistoryIndex());
+     },
+     L"3:Open:3", L""},
     {"CurrentTool", [] { return std::to_wstring(static_cast<int>(Ostrel_GetCurrentToolIndex())); }, L"2", L"-1"},
 };
 
