@@ -4,13 +4,11 @@
 // creation of the descriptor that only holds an answer). The rows come from the export table.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
-#include <tuple>
-#include <type_traits>
 
 #include "calls.h"
-#include "frame/export_bodies.h"
+#include "ostrel/OstrelCore.h"
+#include "photoshop_rows.h"
 #include "platform/platform.h"
 #include "simulator/photoshop.h"
 
@@ -20,37 +18,6 @@ namespace {
 std::filesystem::path Scenario(const char* name) {
   return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
 }
-
-// A row's failure default as `ostrel call` prints it, computed on parameters of their empty values.
-template <class R, class... P, class Answer>
-std::string Printed(R (*)(P...) noexcept, Answer answer) {
-  std::tuple<std::remove_cvref_t<P>...> parameters{};
-  if constexpr (std::is_void_v<R>) {
-    return "null";
-  } else {
-    return RenderJson(ArgTraits<R>::ToJson(std::apply(answer, parameters)));
-  }
-}
-
-#if defined(__GNUC__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wunused-parameter"  // most defaults don't use the parameters
-#endif
-const std::map<std::string, std::string>& FailureDefaults() {
-  static const std::map<std::string, std::string> defaults = {
-#define OSTREL_EXPORT(family, R, name, parameters, body, onFailure)
-#define OSTREL_PS_EXPORT(family, R, name, parameters, body, onFailure, unconnected) \
-  {#name, Printed(static_cast<R(*) parameters noexcept>(&name),                     \
-                  [] parameters -> R { return static_cast<R>(onFailure); })},
-#include "frame/exports.def"
-#undef OSTREL_EXPORT
-#undef OSTREL_PS_EXPORT
-  };
-  return defaults;
-}
-#if defined(__GNUC__)
-#pragma GCC diagnostic pop
-#endif
 
 // The export's printed result against a fresh Photoshop of the scenario, with the n-th call failing (0: none).
 struct FaultedRun {

@@ -3,14 +3,11 @@
 // the export table. The rows come from the table itself, so a new export is checked as soon as it has its row.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
-#include <tuple>
-#include <type_traits>
 
 #include "calls.h"
-#include "frame/export_bodies.h"
 #include "ostrel/OstrelCore.h"
+#include "photoshop_rows.h"
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "simulator/photoshop.h"
@@ -21,39 +18,6 @@ namespace {
 std::filesystem::path Scenario(const char* name) {
   return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
 }
-
-// A row's unconnected answer as `ostrel call` prints it. The answer may use the export's parameters (a list
-// reader empties its vector), so it is computed on parameters of their empty values.
-template <class R, class... P, class Answer>
-std::string Printed(R (*)(P...) noexcept, Answer answer) {
-  std::tuple<std::remove_cvref_t<P>...> parameters{};
-  if constexpr (std::is_void_v<R>) {
-    return "null";
-  } else {
-    return RenderJson(ArgTraits<R>::ToJson(std::apply(answer, parameters)));
-  }
-}
-
-// The unconnected answer of every Photoshop export, by name.
-#if defined(__GNUC__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wunused-parameter"  // most answers don't use the parameters
-#endif
-const std::map<std::string, std::string>& UnconnectedAnswers() {
-  static const std::map<std::string, std::string> answers = {
-#define OSTREL_EXPORT(family, R, name, parameters, body, onFailure)
-#define OSTREL_PS_EXPORT(family, R, name, parameters, body, onFailure, unconnected) \
-  {#name, Printed(static_cast<R(*) parameters noexcept>(&name),                            \
-                  [] parameters -> R { return static_cast<R>(unconnected); })},
-#include "frame/exports.def"
-#undef OSTREL_EXPORT
-#undef OSTREL_PS_EXPORT
-  };
-  return answers;
-}
-#if defined(__GNUC__)
-#pragma GCC diagnostic pop
-#endif
 
 // Runs every export but Ostrel_Init once; gives the names of those that made automation calls, and checks the
 // answer of each Photoshop export.
