@@ -2,9 +2,9 @@
 // the whole descriptor in Photoshop's JSON notation, and the dialog mode that shows no dialog.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 
+#include "connected_photoshop.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -36,14 +36,12 @@ const CommandCase kCases[] = {
      R"({"null":{"_ref":"menuItemClass","_enum":"menuItemType","_value":"clearRecentFiles"}})"},
 };
 
-class CommandsJournalTest : public ::testing::TestWithParam<CommandCase> {};
+class CommandsJournalTest : public test::ConnectedPhotoshopTest, public ::testing::WithParamInterface<CommandCase> {};
 
 TEST_P(CommandsJournalTest, PhotoshopReceivesTheWholeCommand) {
   const CommandCase& c = GetParam();
-  sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(
-      std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / "layers_and_group.json");
-  ScopedPlatform platform(Platform{.automation = &photoshop});
-  ASSERT_EQ(Ostrel_Init(), 1);
+  Connect();
+  sim::SimulatedPhotoshop& photoshop = *m_photoshop;
   photoshop.ClearJournal();
   EXPECT_EQ(c.command(), 1);
   ASSERT_EQ(photoshop.Journal().size(), 1u);
@@ -53,8 +51,6 @@ TEST_P(CommandsJournalTest, PhotoshopReceivesTheWholeCommand) {
   EXPECT_EQ(entry.descriptor, c.descriptor);
   EXPECT_EQ(entry.dialogMode, 3);
   EXPECT_FALSE(entry.failed);
-  Ostrel_UnInit();
-  EXPECT_EQ(photoshop.LiveObjects(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Commands, CommandsJournalTest, ::testing::ValuesIn(kCases),

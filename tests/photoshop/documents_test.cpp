@@ -12,29 +12,15 @@
 
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
+#include "connected_photoshop.h"
 #include "simulator/photoshop.h"
 
 namespace ostrel {
 namespace {
 
-class DocumentsTest : public ::testing::Test {
+class DocumentsTest : public test::ConnectedPhotoshopTest {
  protected:
-  void Connect(const char* scenario = "layers_and_group.json") {
-    m_photoshop = std::make_unique<sim::SimulatedPhotoshop>(sim::SimulatedPhotoshop::FromFile(
-        std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / scenario));
-    m_platform = std::make_unique<ScopedPlatform>(Platform{.automation = m_photoshop.get()});
-    ASSERT_EQ(Ostrel_Init(), 1);
-  }
-  void TearDown() override {
-    Ostrel_UnInit();
-    if (m_photoshop) {
-      EXPECT_EQ(m_photoshop->LiveObjects(), 0);
-    }
-  }
   sim::DocumentState& Document() { return m_photoshop->state().documents.front(); }
-
-  std::unique_ptr<sim::SimulatedPhotoshop> m_photoshop;
-  std::unique_ptr<ScopedPlatform> m_platform;
 };
 
 TEST_F(DocumentsTest, HistoryPositionsCountFromOne) {

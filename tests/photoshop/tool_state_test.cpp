@@ -10,13 +10,12 @@
 
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
+#include "connected_photoshop.h"
 #include "simulator/photoshop.h"
 #include "simulator/scenario.h"
 
 namespace ostrel {
 namespace {
-
-std::filesystem::path ExamplesDir() { return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop"; }
 
 TEST(ToolOptionNumberTextTest, PhotoshopsNumbersInTheNumberingOfTheValueLists) {
   const struct {
@@ -57,28 +56,16 @@ TEST(ToolOptionNameTextTest, PhotoshopsNamesAsNumbersByTheFirstRowOfTheOption) {
 }
 
 // A Photoshop whose active tool has the given options descriptor (in Photoshop's JSON notation).
-class ToolStateTest : public ::testing::Test {
+class ToolStateTest : public test::ConnectedPhotoshopTest {
  protected:
   // charIdOfOtherLength: how the simulated Photoshop answers charIDToTypeID of a name that isn't four characters,
   // which no public source settles ("fails" or "minusOne"); the library must answer the same either way.
-  void Connect(const std::string& options, const char* charIdOfOtherLength = "fails") {
-    const std::string scenario =
+  void ConnectWithOptions(const std::string& options, const char* charIdOfOtherLength = "fails") {
+    ConnectToText(
         std::string(R"({"versions": [150], "unsettled": {"charIDToTypeIDOfOtherLength": ")") + charIdOfOtherLength +
         R"("}, "application": [{"tool": {"_enum": "paintbrushTool", "_value": "targetEnum"}, "currentToolOptions": )" +
-        options + "}]}";
-    m_platform.reset();  // the previous Photoshop's platform goes first, so that it restores the default
-    m_photoshop = std::make_unique<sim::SimulatedPhotoshop>(sim::ParseScenario(scenario, ExamplesDir(), "tool.json"));
-    m_platform = std::make_unique<ScopedPlatform>(Platform{.automation = m_photoshop.get()});
-    ASSERT_EQ(Ostrel_Init(), 1);
+        options + "}]}");
   }
-  void TearDown() override {
-    Ostrel_UnInit();
-    if (m_photoshop) {
-      EXPECT_EQ(m_photoshop->LiveObjects(), 0);
-    }
-  }
-  std::unique_ptr<sim::SimulatedPhotoshop> m_photoshop;
-  std::unique_ptr<ScopedPlatform> m_platform;
 };
 
 struct WalkCase {
@@ -127,7 +114,7 @@ class ToolOptionWalkTest : public ToolStateTest,
 // case runs under both of its possible answers to a name of another length.
 TEST_P(ToolOptionWalkTest, GivesTheValueOfTheFirstKeyFound) {
   const auto& [c, charIdOfOtherLength] = GetParam();
-  Connect(c.options, charIdOfOtherLength);
+  ConnectWithOptions(c.options, charIdOfOtherLength);
   std::wstring value = L"keep";
   EXPECT_EQ(Ostrel_GetToolFeatures(EnToolFeatures{c.option}, value), c.result);
   EXPECT_EQ(value, c.value ? std::wstring(c.value) : Ostrel_TransfPatternName(L"Clouds"));
@@ -142,10 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, ToolOptionWalkTest,
 
 // The options of a real marquee tool, as Photoshop gave them: feather, style, aspect ratio and fixed size.
 TEST_F(ToolStateTest, RealMarqueeOptionsInTheNumberingOfTheTFRows) {
-  m_photoshop = std::make_unique<sim::SimulatedPhotoshop>(
-      sim::SimulatedPhotoshop::FromFile(ExamplesDir() / "layers_and_group.json"));
-  m_platform = std::make_unique<ScopedPlatform>(Platform{.automation = m_photoshop.get()});
-  ASSERT_EQ(Ostrel_Init(), 1);
+  Connect("layers_and_group.json");
   EXPECT_EQ(Ostrel_GetCurrentToolIndex(), EnToolIndex{2});
   const std::pair<int, const wchar_t*> cases[] = {{51, L"0.0"}, {52, L"0"}, {53, L"1.000"}, {55, L"64"}};
   for (const auto& [option, text] : cases) {
@@ -176,11 +160,10 @@ TEST_F(ToolStateTest, StrokeStylePresetsByAlignCapJoinAndDashes) {
         "strokeStyleLineCapType": {"_enum": "strokeStyleLineCapType", "_value": ")") + c.cap + R"("},
         "strokeStyleLineJoinType": {"_enum": "strokeStyleLineJoinType", "_value": "strokeStyleMiterJoin"})";
     if (c.dashes) stroke += std::string(R"(, "strokeStyleLineDashSet": )") + c.dashes;
-    Connect(R"({"_obj": "o", "shapeStyle": {"_obj": "shapeStyle", "strokeStyle": )" + stroke + "}}}");
+    ConnectWithOptions(R"({"_obj": "o", "shapeStyle": {"_obj": "shapeStyle", "strokeStyle": )" + stroke + "}}}");
     EnStrokeStylePreset preset{7};
     EXPECT_EQ(Ostrel_GetStrokeStylePreset(preset), c.result);
     EXPECT_EQ(preset, EnStrokeStylePreset{c.preset});
-    Ostrel_UnInit();
   }
 }
 
@@ -188,7 +171,7 @@ TEST_F(ToolStateTest, SetCurrentToolTellsAMissingConnectionFromARefusal) {
   Ostrel_UnInit();
   EXPECT_EQ(Ostrel_SetCurrentTool(EnToolIndex{5}), -1);
   EXPECT_EQ(Ostrel_GetCurrentToolIndex(), EnToolIndex{-1});
-  Connect(R"({"_obj": "o"})");
+  ConnectWithOptions(R"({"_obj": "o"})");
   EXPECT_EQ(Ostrel_SetCurrentTool(EnToolIndex{69}), 0);  // no tool id: Photoshop refuses the empty one
   EXPECT_EQ(Ostrel_SetCurrentTool(EnToolIndex{5}), 1);
   EXPECT_EQ(Ostrel_GetCurrentToolIndex(), EnToolIndex{5});
