@@ -14,6 +14,7 @@
 
 #include "json.h"
 #include "ostrel/documents.h"
+#include "ostrel/layer_state.h"
 #include "ostrel/menus.h"
 #include "ostrel/script.h"
 #include "ostrel/tool_state.h"
@@ -256,6 +257,82 @@ struct ArgTraits<tagTopMenuItemName> {
     Json object = Json::object();
     object["strName"] = ToUtf8(menu.strName);
     object["vecSubItem"] = ArgTraits<std::vector<tagTopMenuSubItemName>>::ToJson(menu.vecSubItem);
+    return object;
+  }
+};
+
+// The layer records are out-parameters, printed field by field in their order.
+template <class Record>
+struct OutRecordTraits {
+  static bool FromArg(const CallArg&, Record&, std::string& error) {
+    error = "a record is an out-parameter";
+    return false;
+  }
+};
+
+template <>
+struct ArgTraits<tagLayerInfo> : OutRecordTraits<tagLayerInfo> {
+  static constexpr const char* kName = "tagLayerInfo";
+  static Json ToJson(const tagLayerInfo& r) {
+    Json object = Json::object();
+    object["nID"] = r.nID;
+    object["nIndex"] = r.nIndex;
+    object["bVisible"] = r.bVisible;
+    object["bSelect"] = r.bSelect;
+    object["strName"] = ToUtf8(r.strName);
+    object["nOpacity"] = r.nOpacity;
+    object["nFillOpacity"] = r.nFillOpacity;
+    object["bProtectAll"] = r.bProtectAll;
+    object["bGroup"] = r.bGroup;
+    object["nHierarchy"] = r.nHierarchy;
+    object["bBackground"] = r.bBackground;
+    object["nReserved1"] = r.nReserved1;
+    object["bHasUserMask"] = r.bHasUserMask;
+    object["nReserved2"] = r.nReserved2;
+    object["bHasVectorMask"] = r.bHasVectorMask;
+    object["bUserMaskLinked"] = r.bUserMaskLinked;
+    object["nReserved3"] = r.nReserved3;
+    object["bUserMaskEnabled"] = r.bUserMaskEnabled;
+    object["bVectorMaskEnabled"] = r.bVectorMaskEnabled;
+    object["nBlend"] = r.nBlend;
+    object["nLayerKind"] = r.nLayerKind;
+    object["bProtectComposite"] = r.bProtectComposite;
+    object["bProtectPosition"] = r.bProtectPosition;
+    object["bProtectTransparency"] = r.bProtectTransparency;
+    object["nTail"] = r.nTail;
+    return object;
+  }
+};
+
+template <>
+struct ArgTraits<tagLayerVisibleInfo> : OutRecordTraits<tagLayerVisibleInfo> {
+  static constexpr const char* kName = "tagLayerVisibleInfo";
+  static Json ToJson(const tagLayerVisibleInfo& r) {
+    Json object = Json::object();
+    object["nID"] = r.nID;
+    object["bVisible"] = r.bVisible;
+    return object;
+  }
+};
+
+template <>
+struct ArgTraits<tagLayerStyleInfo> : OutRecordTraits<tagLayerStyleInfo> {
+  static constexpr const char* kName = "tagLayerStyleInfo";
+  static Json ToJson(const tagLayerStyleInfo& r) {
+    Json object = Json::object();
+    object["bVisible"] = r.bVisible;
+    object["nStyle"] = static_cast<int>(r.nStyle);
+    return object;
+  }
+};
+
+template <>
+struct ArgTraits<tagSmartFilterInfo> : OutRecordTraits<tagSmartFilterInfo> {
+  static constexpr const char* kName = "tagSmartFilterInfo";
+  static Json ToJson(const tagSmartFilterInfo& r) {
+    Json object = Json::object();
+    object["nFilter"] = static_cast<int>(r.nFilter);
+    object["bVisible"] = r.bVisible;
     return object;
   }
 };

@@ -4,6 +4,7 @@
 #include "ostrel/documents.h"
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
+#include "ostrel/layer_state.h"
 #include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
 #include "ostrel/menus.h"

@@ -10,6 +10,7 @@
 #include "frame/lifecycle.h"
 #include "ostrel/OstrelCore.h"
 #include "photoshop/documents.h"
+#include "photoshop/layer_list.h"
 #include "photoshop/tool_state.h"
 #include "platform/color_text.h"
 #include "script/rows.h"

@@ -5,6 +5,7 @@
 #include "frame/connection.h"
 #include "frame/dispids.h"
 #include "photoshop/action_manager.h"
+#include "photoshop/main_window.h"
 #include "platform/platform.h"
 
 namespace ostrel {
@@ -156,9 +157,7 @@ int IsQuickMaskMode() {
     const COleDispatchDriver document = am::ActiveDocument();
     return document.Get(obj::kQuickMaskMode).AsBool() ? 1 : 0;
   } catch (const AutomationError&) {
-    IWindowTree& windows = *CurrentPlatform().windows;  // Photoshop can't say: its main window's title can
-    const WindowHandle frame = windows.FindTopLevel(L"Photoshop", nullptr);
-    return frame != 0 && windows.TextOf(frame).find(kQuickMaskTitle) != std::wstring::npos ? 1 : 0;
+    return MainWindowTitleHolds(kQuickMaskTitle) ? 1 : 0;  // Photoshop can't say: its main window's title can
   }
 }
 

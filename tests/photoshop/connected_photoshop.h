@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -21,8 +22,14 @@ inline std::filesystem::path ExamplesDir() {
 
 class ConnectedPhotoshopTest : public ::testing::Test {
  protected:
+  // Each example file is read once per test program; every connection starts from a fresh copy.
   void Connect(const char* scenarioFile = "layers_and_group.json") {
-    Install(sim::SimulatedPhotoshop::FromFile(ExamplesDir() / scenarioFile));
+    static std::map<std::string, sim::Scenario> loaded;
+    auto found = loaded.find(scenarioFile);
+    if (found == loaded.end()) {
+      found = loaded.emplace(scenarioFile, sim::LoadScenarioFile(ExamplesDir() / scenarioFile)).first;
+    }
+    Install(sim::SimulatedPhotoshop(found->second));
   }
   void ConnectToText(const std::string& scenario) {
     Install(sim::SimulatedPhotoshop(sim::ParseScenario(scenario, ExamplesDir(), "test.json")));
