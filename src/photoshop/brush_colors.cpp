@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "frame/dispids.h"
+#include "ostrel/brush_colors.h"
 #include "photoshop/action_manager.h"
 #include "platform/color_text.h"
 
@@ -60,7 +61,24 @@ int32_t ColorProperty(ColorSlot slot) {
 
 // ---- Brush sections ----------------------------------------------------------------------------------------------
 
-bool IsBrushSectionPage(int page) noexcept { return SectionOf(page) != nullptr; }
+int IsBrushPresetPageOn(int page) noexcept {
+  struct PageExport {
+    int page;
+    int (*read)() noexcept;
+  };
+  static constexpr PageExport kExports[] = {
+      {2, Ostrel_IsBrushPresetUseTipDynamice},    {4, Ostrel_IsBrushPresetUseScatter},
+      {8, Ostrel_IsBrushPresetUseTexture},        {16, Ostrel_IsBurshPresetUseDualBrush},
+      {32, Ostrel_IsBrushPresetUseColorDynamice}, {64, Ostrel_IsBrushPresetUsePaintDynamice},
+      {128, Ostrel_IsBrushPresetUseBrushPose},    {256, Ostrel_IsBrushPresetUseNoise},
+      {512, Ostrel_IsBrushPresetUseWetEdges},     {1024, Ostrel_IsBrushPresetUseRepeat},
+      {2048, Ostrel_IsBrushPresetUseSmoothing},   {4096, Ostrel_IsBrushPresetUseProtrctTexture},
+  };
+  for (const PageExport& entry : kExports) {
+    if (entry.page == page) return entry.read();
+  }
+  return 0;
+}
 
 int IsBrushSectionOn(int page) {
   const BrushSection* section = SectionOf(page);

@@ -9,8 +9,9 @@ namespace ostrel {
 // Whether a section of the current tool's brush is on, by its brush settings page (2 shape dynamics ... 4096
 // protect texture). A page without a switch gives 0 without a read.
 int IsBrushSectionOn(int page);
-// Whether a page has a switch that IsBrushSectionOn can read.
-bool IsBrushSectionPage(int page) noexcept;
+// The export of the page's section, called as the lesson player would call it; 0 without touching Photoshop for a
+// page that has no switch.
+int IsBrushPresetPageOn(int page) noexcept;
 
 // The panels of the layer panel group: 0 layers, 1 channels, 2 paths.
 bool IsLayerPanelValue(int panel) noexcept;
