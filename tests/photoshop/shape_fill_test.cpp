@@ -105,6 +105,18 @@ TEST_F(ShapeToolTest, ThePenToolIsInShapeModeAfterwards) {
   EXPECT_EQ(mode, L"0");
 }
 
+// The example scenario: a solid fill of red 223.000001907349 (cut to 223), green 12.5, and a dashed gradient stroke.
+TEST_F(ShapeToolTest, TheExampleShapeTool) {
+  Connect("shape_tool.json");
+  EXPECT_EQ(Ostrel_GetShapeFillMode(), 1);
+  EXPECT_EQ(Ostrel_GetShapeFillPureColor(), 0x00000CDFu);
+  EXPECT_EQ(Ostrel_GetShapeStrokeMode(), 2);
+  EXPECT_EQ(Ostrel_GetShapeStrokeGradientName(), L"前景色到背景色渐变");
+  EnStrokeStylePreset preset{7};
+  EXPECT_EQ(Ostrel_GetStrokeStylePreset(preset), 1);
+  EXPECT_EQ(preset, EnStrokeStylePreset{1});
+}
+
 TEST(ShapeUnconnectedTest, ThePenCommandGivesZero) { EXPECT_EQ(Ostrel_SetPenToolGeometryModeToShape(), 0); }
 
 TEST(ColorFromChannelsTest, CutTowardZeroAndMaskedRedLow) {
