@@ -53,7 +53,7 @@ int IsChannelVisible(int index) {
   return am::GetBoolean(channel, am::StringId(L"visible")) ? 1 : 0;
 }
 
-int ReadChannelVisibility(std::vector<int>& visible) noexcept {
+int ReadChannelVisibility(std::vector<int>& visible) {
   visible.clear();
   const int count = Guarded(0, [] { return ChannelCount(); });
   for (int index = 1; index <= count; ++index) {

@@ -14,7 +14,7 @@ std::wstring ChannelName(int index);
 std::wstring ChannelNameUnconnected(int index) noexcept;
 int IsChannelVisible(int index);
 // Every channel's visibility; a failed read gives 0 for its channel, and a failed count no channels. Always 1.
-int ReadChannelVisibility(std::vector<int>& visible) noexcept;
+int ReadChannelVisibility(std::vector<int>& visible);
 // Empties the vector and gives result: the answer of a list export that can't read.
 int EmptiedAnd(std::vector<int>& values, int result) noexcept;
 
