@@ -47,8 +47,11 @@ TEST_F(ComColorsTest, TheForegroundColourSetIsTheColourRead) {
     {
       testing::ComBridge bridge(photoshop, kProgIds130);
       ASSERT_EQ(Ostrel_Init(), 1);
-      if (n == 0) ASSERT_EQ(Ostrel_GetForegroundColor(original), 1);
-      if (n > 0) photoshop.FailCall(n);
+      if (n == 0) {
+        ASSERT_EQ(Ostrel_GetForegroundColor(original), 1);
+      } else {
+        photoshop.FailCall(n);
+      }
       const int set = Ostrel_SetForegroundColor(kSet);
       std::uint32_t color = 0x00ABCDEFu;
       const int got = Ostrel_GetForegroundColor(color);
