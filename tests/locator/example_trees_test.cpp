@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "locator/patterns.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
 #include "platform/portable/portable_backends.h"
@@ -271,6 +272,17 @@ TEST(ExampleTrees, BarListHoldsOnlyTheLastAnswer) {
   }
   EXPECT_EQ(Ostrel_GetToolFeaturesBarChildWnd(list), 0);  // no windows at all
   EXPECT_TRUE(list.empty());
+}
+
+// The view of a docked panel: shown, and held by Palette, TabGroup, TabPane, Dock and the main frame in turn.
+TEST(ExampleTrees, DockedViews) {
+  const InstalledTree tree("marquee");
+  EXPECT_TRUE(locator::IsDockedView(1432));   // layers
+  EXPECT_TRUE(locator::IsDockedView(1422));   // colour
+  EXPECT_FALSE(locator::IsDockedView(1424));  // swatches, a hidden tab
+  EXPECT_FALSE(locator::IsDockedView(1523));  // a document's view
+  EXPECT_FALSE(locator::IsDockedView(3001));  // the floating history panel
+  EXPECT_FALSE(locator::IsDockedView(1431));  // the palette itself
 }
 
 // Photoshop not running: every locator gives its "not found" answer.
