@@ -49,7 +49,8 @@ TEST(WindowsOption, ListShowsHowToReachTheOtherFontName) {
 
 TEST(WindowsOption, TreeWithAMistakeIsRefusedWithItsPlace) {
   const std::filesystem::path file = std::filesystem::path(::testing::TempDir()) / "ostrel_bad_tree.json";
-  std::ofstream(file) << R"({"windows": [{"hwnd": 1, "class": "Photoshop", "children": [{"hwnd": 1, "class": "Edit"}]}]})";
+  std::ofstream(file) << R"({"windows": [{"hwnd": 1, "class": "Photoshop",
+                               "children": [{"hwnd": 1, "class": "Edit"}]}]})";
   const ToolRun run = RunInProcess({"call", "Ostrel_GetPhotoshopWnd", "--windows", file.string()});
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.out, "");

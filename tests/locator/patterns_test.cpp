@@ -58,7 +58,9 @@ class Installed final : public IWindowTree {
   ~Installed() override { DefaultParameters().Erase(EnTallyKey::kPhotoshopVersionName); }
   std::vector<std::pair<int32_t, int32_t>> probes;
 
-  WindowHandle FindTopLevel(const std::wstring& c, const std::wstring* t) override { return m_windows.FindTopLevel(c, t); }
+  WindowHandle FindTopLevel(const std::wstring& c, const std::wstring* t) override {
+    return m_windows.FindTopLevel(c, t);
+  }
   WindowHandle FindChild(WindowHandle p, const std::wstring& c) override { return m_windows.FindChild(p, c); }
   WindowHandle FindDescendantByClass(WindowHandle p, const std::wstring& c) override {
     return m_windows.FindDescendantByClass(p, c);
