@@ -2,11 +2,13 @@
 #pragma once
 
 #include "ostrel/documents.h"
+#include "ostrel/events.h"
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
 #include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
 #include "ostrel/menus.h"
+#include "ostrel/preferences.h"
 #include "ostrel/presets.h"
 #include "ostrel/script.h"
 #include "ostrel/swatches.h"

@@ -6,12 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "events/event_file.h"
+#include "events/notifiers.h"
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
 #include "ostrel/OstrelCore.h"
 #include "photoshop/documents.h"
 #include "photoshop/tool_state.h"
 #include "platform/color_text.h"
+#include "preferences/preferences.h"
 #include "script/rows.h"
 #include "vocabulary/color_swatches.h"
 #include "vocabulary/dialog_names.h"

@@ -2,6 +2,7 @@
 #include "platform/portable/portable_backends.h"
 
 #include <cerrno>
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
@@ -165,20 +166,94 @@ std::wstring StdFileSystem::LocalAppDataDirectory() {
 
 namespace {
 
-std::wstring DecodeIniText(const std::string& bytes) {
-  if (bytes.size() >= 2 && static_cast<unsigned char>(bytes[0]) == 0xFF &&
-      static_cast<unsigned char>(bytes[1]) == 0xFE) {
-    std::wstring text;
-    for (size_t i = 2; i + 1 < bytes.size(); i += 2) {
-      text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) |
-                                   (static_cast<unsigned char>(bytes[i + 1]) << 8));
+// The three forms in which the profile functions read and write a file: UTF-16LE after its byte order mark,
+// UTF-8 after its mark, and otherwise the ANSI code page, which is 936 (GBK) on the Chinese Windows served.
+enum class IniEncoding { kAnsi, kUtf8Bom, kUtf16Le };
+
+// What a lone 0xFF byte reads as in code page 936.
+constexpr wchar_t kLoneFF = L'\uF8F5';
+
+IniEncoding EncodingOf(std::string_view bytes) {
+  if (bytes.substr(0, 2) == "\xFF\xFE") return IniEncoding::kUtf16Le;
+  if (bytes.substr(0, 3) == "\xEF\xBB\xBF") return IniEncoding::kUtf8Bom;
+  return IniEncoding::kAnsi;
+}
+
+// Code page 936 as the system's converter reads a file (measured against Wine's profile functions): a lead byte
+// takes the next byte with it whatever that is, and a pair that isn't valid reads as '?', as does a lead byte cut
+// off by the end of a half-written file; a lone 0xFF reads as U+F8F5. No byte stops the reading.
+std::wstring DecodeAnsi(std::string_view bytes) {
+  PortableEncoding encoding;
+  std::wstring text;
+  while (!bytes.empty()) {
+    size_t bad = 0;
+    if (std::optional<std::wstring> rest = encoding.FromCodePage936(bytes, bad)) {
+      text += *rest;
+      break;
     }
-    if constexpr (sizeof(wchar_t) == 4) return FromUtf8(ToUtf8(text));  // joins surrogate pairs
-    return text;
+    size_t ignored = 0;
+    text += encoding.FromCodePage936(bytes.substr(0, bad), ignored).value_or(L"");
+    const auto lead = static_cast<unsigned char>(bytes[bad]);
+    if (lead == 0xFF) {
+      text += kLoneFF;
+      bytes.remove_prefix(bad + 1);
+    } else {
+      text += L'?';
+      bytes.remove_prefix(std::min(bad + 2, bytes.size()));
+    }
   }
-  std::string_view view(bytes);
-  if (view.substr(0, 3) == "\xEF\xBB\xBF") view.remove_prefix(3);
-  return FromUtf8(view);
+  return text;
+}
+
+std::wstring DecodeIniText(std::string_view bytes) {
+  switch (EncodingOf(bytes)) {
+    case IniEncoding::kUtf16Le: {
+      std::wstring text;
+      for (size_t i = 2; i + 1 < bytes.size(); i += 2) {  // an odd last byte, half a unit, is no character
+        text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) |
+                                     (static_cast<unsigned char>(bytes[i + 1]) << 8));
+      }
+      if constexpr (sizeof(wchar_t) == 4) return FromUtf8(ToUtf8(text));  // joins surrogate pairs
+      return text;
+    }
+    case IniEncoding::kUtf8Bom: return FromUtf8(bytes.substr(3));
+    case IniEncoding::kAnsi: break;
+  }
+  return DecodeAnsi(bytes);
+}
+
+std::string EncodeIniText(const std::wstring& text, IniEncoding encoding) {
+  switch (encoding) {
+    case IniEncoding::kUtf16Le: {
+      std::string bytes = "\xFF\xFE";
+      const auto put = [&bytes](unsigned unit) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>((unit >> 8) & 0xFF);
+      };
+      for (const wchar_t c : text) {
+        const auto code = static_cast<unsigned long>(c);
+        if (code > 0xFFFF) {  // wchar_t of 32 bits: a surrogate pair
+          put(static_cast<unsigned>(0xD800 + ((code - 0x10000) >> 10)));
+          put(static_cast<unsigned>(0xDC00 + ((code - 0x10000) & 0x3FF)));
+        } else {
+          put(static_cast<unsigned>(code));
+        }
+      }
+      return bytes;
+    }
+    case IniEncoding::kUtf8Bom: return "\xEF\xBB\xBF" + ToUtf8(text);
+    case IniEncoding::kAnsi: break;
+  }
+  // U+F8F5 goes back to the lone 0xFF it was read from, as the system's table maps it both ways.
+  std::string bytes;
+  size_t from = 0;
+  for (size_t at = text.find(kLoneFF); ; at = text.find(kLoneFF, from)) {
+    bytes += PortableEncoding().ToCodePage936(std::wstring_view(text).substr(from, at - from));
+    if (at == std::wstring::npos) break;
+    bytes += '\xFF';
+    from = at + 1;
+  }
+  return bytes;
 }
 
 std::vector<std::wstring> SplitIniLines(const std::wstring& text) {
@@ -264,6 +339,12 @@ std::vector<std::wstring> ReadIniLines(const std::wstring& file) {
   return {};
 }
 
+// The form a write keeps: the file's own, and for a new file UTF-16LE, as the Windows backend starts one.
+IniEncoding WriteEncodingOf(const std::wstring& file) {
+  if (const std::optional<std::string> bytes = ReadFileBytes(file)) return EncodingOf(*bytes);
+  return IniEncoding::kUtf16Le;
+}
+
 }  // namespace
 
 std::optional<std::wstring> FileIniStore::GetString(const std::wstring& file, const std::wstring& section,
@@ -278,6 +359,7 @@ std::optional<std::wstring> FileIniStore::GetString(const std::wstring& file, co
 
 bool FileIniStore::SetString(const std::wstring& file, const std::wstring& section, const std::wstring& key,
                              const std::wstring& value) {
+  const IniEncoding encoding = WriteEncodingOf(file);
   std::vector<std::wstring> lines = ReadIniLines(file);
   const std::wstring entry = key + L"=" + value;
   if (const std::optional<SectionSpan> found = FindSection(lines, AsciiLower(section))) {
@@ -292,8 +374,9 @@ bool FileIniStore::SetString(const std::wstring& file, const std::wstring& secti
     lines.push_back(L"[" + section + L"]");
     lines.push_back(entry);
   }
-  std::string bytes;
-  for (const std::wstring& line : lines) bytes += ToUtf8(line) + "\r\n";
+  std::wstring text;
+  for (const std::wstring& line : lines) text += line + L"\r\n";
+  const std::string bytes = EncodeIniText(text, encoding);
   StdFileSystem files;
   if (!files.CreatePathTo(file)) return false;
   std::ofstream out(NativePath(file), std::ios::binary | std::ios::trunc);
