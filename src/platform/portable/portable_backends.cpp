@@ -209,9 +209,11 @@ std::wstring DecodeIniText(std::string_view bytes) {
   switch (EncodingOf(bytes)) {
     case IniEncoding::kUtf16Le: {
       std::wstring text;
-      for (size_t i = 2; i + 1 < bytes.size(); i += 2) {  // an odd last byte, half a unit, is no character
-        text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) |
-                                     (static_cast<unsigned char>(bytes[i + 1]) << 8));
+      for (size_t i = 2; i < bytes.size(); i += 2) {
+        // An odd last byte, half a unit cut off by the end of a half-written file, reads as a unit of its own
+        // with a high byte of 0, as the profile functions read it.
+        const unsigned high = i + 1 < bytes.size() ? static_cast<unsigned char>(bytes[i + 1]) : 0u;
+        text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) | (high << 8));
       }
       if constexpr (sizeof(wchar_t) == 4) return FromUtf8(ToUtf8(text));  // joins surrogate pairs
       return text;
