@@ -53,6 +53,11 @@ std::wstring AsciiLower(std::wstring text) {
 
 }  // namespace
 
+bool RegistryOrder(const RegistryValue& a, const RegistryValue& b) {
+  return std::make_tuple(static_cast<int>(a.hive), AsciiLower(a.key), AsciiLower(a.name)) <
+         std::make_tuple(static_cast<int>(b.hive), AsciiLower(b.key), AsciiLower(b.name));
+}
+
 MemoryRegistry::Path MemoryRegistry::MakePath(RegistryHive hive, const std::wstring& key, const std::wstring& name) {
   return {static_cast<int>(hive), AsciiLower(key), AsciiLower(name)};
 }
@@ -61,7 +66,7 @@ std::optional<std::wstring> MemoryRegistry::GetString(RegistryHive hive, const s
                                                       const std::wstring& name) {
   std::lock_guard lock(m_mutex);
   auto it = m_values.find(MakePath(hive, key, name));
-  if (it == m_values.end() || it->second.isDword) return std::nullopt;
+  if (it == m_values.end() || it->second.kind != RegistryValue::Kind::kString) return std::nullopt;
   return it->second.text;
 }
 
@@ -69,20 +74,64 @@ std::optional<uint32_t> MemoryRegistry::GetDword(RegistryHive hive, const std::w
                                                  const std::wstring& name) {
   std::lock_guard lock(m_mutex);
   auto it = m_values.find(MakePath(hive, key, name));
-  if (it == m_values.end() || !it->second.isDword) return std::nullopt;
+  if (it == m_values.end() || it->second.kind != RegistryValue::Kind::kDword) return std::nullopt;
   return it->second.dword;
+}
+
+void MemoryRegistry::Store(RegistryValue value) {
+  std::lock_guard lock(m_mutex);
+  const Path path = MakePath(value.hive, value.key, value.name);
+  // A key that exists keeps its spelling, as the registry keeps that of the key's creation.
+  for (const auto& [other, existing] : m_values) {
+    if (std::get<0>(other) == std::get<0>(path) && std::get<1>(other) == std::get<1>(path)) {
+      value.key = existing.key;
+      break;
+    }
+  }
+  if (auto it = m_values.find(path); it != m_values.end()) value.name = it->second.name;
+  m_values[path] = std::move(value);
 }
 
 bool MemoryRegistry::SetString(RegistryHive hive, const std::wstring& key, const std::wstring& name,
                                const std::wstring& value) {
-  std::lock_guard lock(m_mutex);
-  m_values[MakePath(hive, key, name)] = Value{false, value, 0};
+  Store(RegistryValue{hive, key, name, RegistryValue::Kind::kString, value, 0});
   return true;
 }
 
 bool MemoryRegistry::SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) {
+  Store(RegistryValue{hive, key, name, RegistryValue::Kind::kDword, {}, value});
+  return true;
+}
+
+namespace {
+
+// Whether the key (in lower case) is wanted or lies below it.
+bool IsAtOrBelow(const std::wstring& key, const std::wstring& wanted) {
+  return wanted.empty() || key == wanted || (key.size() > wanted.size() && key.compare(0, wanted.size(), wanted) == 0 &&
+                           key[wanted.size()] == L'\\');
+}
+
+}  // namespace
+
+std::vector<RegistryValue> MemoryRegistry::ValuesUnder(RegistryHive hive, const std::wstring& key) {
   std::lock_guard lock(m_mutex);
-  m_values[MakePath(hive, key, name)] = Value{true, {}, value};
+  const std::wstring wanted = AsciiLower(key);
+  std::vector<RegistryValue> values;
+  for (const auto& [path, value] : m_values) {
+    if (std::get<0>(path) == static_cast<int>(hive) && IsAtOrBelow(std::get<1>(path), wanted)) {
+      values.push_back(value);
+    }
+  }
+  std::sort(values.begin(), values.end(), RegistryOrder);
+  return values;
+}
+
+bool MemoryRegistry::DeleteTree(RegistryHive hive, const std::wstring& key) {
+  std::lock_guard lock(m_mutex);
+  const std::wstring wanted = AsciiLower(key);
+  std::erase_if(m_values, [&](const auto& entry) {
+    return std::get<0>(entry.first) == static_cast<int>(hive) && IsAtOrBelow(std::get<1>(entry.first), wanted);
+  });
   return true;
 }
 
