@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "platform/portable/portable_backends.h"
 #include "platform/text.h"
+#include "registry_file.h"
 
 #if defined(OSTREL_CLI_SIMULATOR)
 #include "simulator/photoshop.h"
@@ -33,6 +34,7 @@ constexpr const char* kFooter =
 struct GlobalOptions {
   std::vector<std::string> params;
   std::optional<std::string> photoshop;
+  std::optional<std::string> registry;
   bool bCountCalls = false;
   std::optional<std::string> windows;
 };
@@ -63,6 +65,10 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
          "--photoshop", [&options](const std::string& file) { options.photoshop = file; },
          "run against the simulated Photoshop of a scenario")
       ->type_name("SCENARIO.json");
+  app.add_option_function<std::string>(
+         "--registry", [&options](const std::string& file) { options.registry = file; },
+         "use the registry of a JSON file instead of the system's, and write back what the command changed")
+      ->type_name("FILE.json");
   app.add_flag("--count-calls", options.bCountCalls, "call: add the export's automation calls to the answer");
   app.add_option_function<std::string>(
          "--windows", [&options](const std::string& file) { options.windows = file; },
@@ -93,6 +99,13 @@ bool MergeOptions(const std::vector<const GlobalOptions*>& places, CommandLine& 
         return false;
       }
       line.photoshop = options->photoshop;
+    }
+    if (options->registry) {
+      if (line.registry) {
+        error = "--registry given more than once";
+        return false;
+      }
+      line.registry = options->registry;
     }
     line.call.bCountCalls = line.call.bCountCalls || options->bCountCalls;
     if (options->windows) {
@@ -245,22 +258,48 @@ int RunOstrel(const std::vector<std::string>& args) {
     return *status;
   }
   GiveParameters(line.params);
-  if (!line.photoshop) return RunCommand(line);
+  Platform platform;
+  MemoryRegistry registry;
+  if (line.registry) {
+    std::string error;
+    if (!LoadRegistryFile(std::filesystem::u8path(*line.registry), registry, error)) {
+      std::cerr << "ostrel: --registry " << *line.registry << ": " << error << '\n';
+      return 2;
+    }
+    platform.registry = &registry;
+  }
 #if defined(OSTREL_CLI_SIMULATOR)
   std::unique_ptr<sim::SimulatedPhotoshop> photoshop;
-  try {
-    photoshop = std::make_unique<sim::SimulatedPhotoshop>(
-        sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(*line.photoshop)));
-  } catch (const std::exception& error) {
-    std::cerr << "ostrel: --photoshop " << *line.photoshop << ": " << error.what() << '\n';
+  if (line.photoshop) {
+    try {
+      photoshop = std::make_unique<sim::SimulatedPhotoshop>(
+          sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(*line.photoshop)));
+    } catch (const std::exception& error) {
+      std::cerr << "ostrel: --photoshop " << *line.photoshop << ": " << error.what() << '\n';
+      return 2;
+    }
+    platform.automation = photoshop.get();
+  }
+#else
+  if (line.photoshop) {
+    std::cerr << "ostrel: this build has no simulated Photoshop\n";
     return 2;
   }
-  const ScopedPlatform platform(Platform{.automation = photoshop.get()});
-  return RunCommand(line);
-#else
-  std::cerr << "ostrel: this build has no simulated Photoshop\n";
-  return 2;
 #endif
+  const std::string registryBefore = RegistryFileText(registry);
+  int status = 0;
+  {
+    const ScopedPlatform scoped(platform);
+    status = RunCommand(line);
+  }
+  if (line.registry && RegistryFileText(registry) != registryBefore) {
+    std::string error;
+    if (!SaveRegistryFile(std::filesystem::u8path(*line.registry), registry, error)) {
+      std::cerr << "ostrel: --registry " << *line.registry << ": " << error << '\n';
+      return 2;
+    }
+  }
+  return status;
 }
 
 }  // namespace ostrel::cli

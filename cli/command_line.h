@@ -19,6 +19,7 @@ struct CommandLine {
   LintOptions lint;
   std::map<int, std::wstring> params;    // --param KEY=VALUE; a key given twice keeps its last value
   std::optional<std::string> photoshop;  // --photoshop SCENARIO.json
+  std::optional<std::string> registry;   // --registry FILE.json
 };
 
 // Reads the words after the program's name. Nothing when a command is to run; otherwise the exit status with
@@ -27,7 +28,8 @@ struct CommandLine {
 std::optional<int> ReadCommandLine(const std::vector<std::string>& args, CommandLine& line, std::string& message);
 
 // The whole tool: reads the command line, gives the library its parameters, installs the simulated Photoshop of
-// --photoshop and runs the command. Gives the exit status.
+// --photoshop and the registry file of --registry, runs the command and writes back a registry it changed. Gives
+// the exit status.
 int RunOstrel(const std::vector<std::string>& args);
 
 }  // namespace ostrel::cli

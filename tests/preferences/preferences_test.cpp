@@ -1,6 +1,10 @@
 // Install discovery and the preference writers against the registry in force: the in-memory registry on Linux,
 // the real registry when the Windows build runs under Wine. Each test starts and ends with no Photoshop keys, and
 // compares the whole of them before and after a call to see exactly what it wrote.
+#if defined(_WIN32)
+#include <windows.h>  // first: the interface's tagSIZE then is the system's
+#endif
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -11,10 +15,6 @@
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
 #include "platform/text.h"
-
-#if defined(_WIN32)
-#include <windows.h>
-#endif
 
 namespace ostrel {
 namespace {
