@@ -213,6 +213,10 @@ TEST(IniStoreTest, KeysReadBackAndMissingOnesReadAsNothing) {
   EXPECT_EQ(ini.GetString(file, L"Other", L"Tool"), L"x");
   EXPECT_FALSE(ini.GetString(file, L"Event", L"Missing"));
   EXPECT_FALSE(ini.GetString(file, L"Missing", L"Tool"));
+  // A new file is UTF-16LE with its mark, so that text outside the ANSI code page survives too.
+  EXPECT_EQ(ReadBytes(file).substr(0, 2), "\xFF\xFE");
+  ASSERT_TRUE(ini.SetString(file, L"Event", L"Korean", L"한글 图层"));
+  EXPECT_EQ(ini.GetString(file, L"Event", L"Korean"), L"한글 图层");
   std::filesystem::remove(FsPath(file));
 }
 

@@ -194,6 +194,8 @@ constexpr VersionCase kVersionCases[] = {
 
 class VersionTest : public PreferencesTest, public ::testing::WithParamInterface<VersionCase> {};
 
+void PrintTo(const VersionCase& c, std::ostream* out) { *out << '"' << ToUtf8(c.version) << '"'; }
+
 TEST_P(VersionTest, TheFontTypeGoesUnderTheVersionsName) {
   const VersionCase& c = GetParam();
   const std::vector<RegistryValue> before = PhotoshopKeys();
@@ -232,25 +234,26 @@ TEST_P(VersionTest, TheLanguageIsReadAndWrittenUnderTheVersionsName) {
   EXPECT_EQ(PhotoshopKeys().size(), before.size());  // changed in place
 }
 
-// The UI scale's value name carries no version: the version goes into the key as given, known or not.
-TEST_P(VersionTest, TheUiScaleGoesUnderTheVersionsKey) {
-  const VersionCase& c = GetParam();
-  if (std::wstring(c.version).empty()) GTEST_SKIP() << "an empty version names the Photoshop key itself";
-  EXPECT_EQ(Ostrel_SetUIScale(c.version, 200), 1);
-  const std::vector<RegistryValue> expected = {{kUser, std::wstring(kAdobe) + L"\\" + c.version, L"UIScale",
-                                                RegistryValue::Kind::kDword, L"", 200}};
-  EXPECT_EQ(PhotoshopKeys(), expected) << Describe(PhotoshopKeys());
-  EXPECT_EQ(Ostrel_SetUIScale(c.version, 0xFFFFFFFFu), 1);
-  EXPECT_EQ(CurrentPlatform().registry->GetDword(kUser, std::wstring(kAdobe) + L"\\" + c.version, L"UIScale"),
-            0xFFFFFFFFu);
-}
-
 INSTANTIATE_TEST_SUITE_P(Versions, VersionTest, ::testing::ValuesIn(kVersionCases),
                          [](const auto& info) {
                            std::string name = "V" + ToUtf8(info.param.version);
                            for (char& ch : name) ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
                            return name + "_" + std::to_string(info.index);
                          });
+
+// The UI scale's value name carries no version: the version goes into the key as given, known or not.
+TEST_F(PreferencesTest, TheUiScaleGoesUnderTheVersionsKey) {
+  for (const wchar_t* version : {L"110.0", L"150.0", L"110", L"160.0"}) {
+    SCOPED_TRACE(ToUtf8(version));
+    Clear();
+    const std::wstring key = std::wstring(kAdobe) + L"\\" + version;
+    EXPECT_EQ(Ostrel_SetUIScale(version, 200), 1);
+    const std::vector<RegistryValue> expected = {{kUser, key, L"UIScale", RegistryValue::Kind::kDword, L"", 200}};
+    EXPECT_EQ(PhotoshopKeys(), expected) << Describe(PhotoshopKeys());
+    EXPECT_EQ(Ostrel_SetUIScale(version, 0xFFFFFFFFu), 1);
+    EXPECT_EQ(CurrentPlatform().registry->GetDword(kUser, key, L"UIScale"), 0xFFFFFFFFu);
+  }
+}
 
 }  // namespace
 }  // namespace ostrel
