@@ -69,7 +69,9 @@ std::wstring EventFilePath() {
   return files.LocalAppDataDirectory() + L"\\Temp\\" + kEventFileName;
 }
 
-int DeleteEventFile() { return CurrentPlatform().files->RemoveFile(EventFilePath()) ? 1 : 0; }
+int DeleteEventFile() {
+  return CurrentPlatform().files->RemoveFile(EventFilePath()) ? 1 : 0;
+}
 
 int TakeColorState(int wanted) {
   const EventFile file;
@@ -93,19 +95,29 @@ std::wstring TakeJoinLayerMaskName(int state) {
   return ResolveCurrentLayer(std::move(name));
 }
 
-std::wstring TakeDuplicateDeleteName() { return EventFile().Take(k::kDuplicateDelete, k::kName); }
+std::wstring TakeDuplicateDeleteName() {
+  return EventFile().Take(k::kDuplicateDelete, k::kName);
+}
 
 std::wstring TakeDeleteMaskLayerName() {
   return ResolveCurrentLayer(EventFile().Take(k::kDuplicateDelete, k::kName));
 }
 
-std::wstring TakeLinkMaskLayerName() { return ResolveCurrentLayer(EventFile().Take(k::kMaskLink, k::kName)); }
+std::wstring TakeLinkMaskLayerName() {
+  return ResolveCurrentLayer(EventFile().Take(k::kMaskLink, k::kName));
+}
 
-std::wstring TakeSelectEventLayerName() { return EventFile().Take(k::kSelect, k::kName); }
+std::wstring TakeSelectEventLayerName() {
+  return EventFile().Take(k::kSelect, k::kName);
+}
 
-std::wstring TakeSmartReplacePath() { return EventFile().Take(k::kSmartObject, k::kPath); }
+std::wstring TakeSmartReplacePath() {
+  return EventFile().Take(k::kSmartObject, k::kPath);
+}
 
-std::wstring ReadCurrentBrushPresetName() { return EventFile().String(k::kBrush, k::kPresetName); }
+std::wstring ReadCurrentBrushPresetName() {
+  return EventFile().String(k::kBrush, k::kPresetName);
+}
 
 int TakeAddMask(std::wstring& start, std::wstring& dest, EnLayerMask& mask) {
   start.clear();

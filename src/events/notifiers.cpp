@@ -14,7 +14,9 @@ namespace {
 namespace app = dispid::app;
 namespace obj = dispid::obj;
 
-COleDispatchDriver NotifiersCollection() { return am::Wrap(Application().Get(app::kNotifiers)); }
+COleDispatchDriver NotifiersCollection() {
+  return am::Wrap(Application().Get(app::kNotifiers));
+}
 
 }  // namespace
 

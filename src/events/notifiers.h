@@ -9,14 +9,16 @@ namespace ostrel {
 
 // The events, each by its string id and, where it has one, by its four-character id (the blanks belong to the
 // codes), in the order they are added.
+// clang-format off: the events in pairs, as they are registered
 inline constexpr std::array<const wchar_t*, 32> kNotifierEvents = {
-    L"select",    L"slct", L"set",      L"setd", L"subtract",  L"Sbtr",
-    L"add",       L"Add ", L"interfaceIconFrameDimmed",        L"Intr",
-    L"exchange",  L"Exch", L"delete",   L"Dlt ", L"duplicate", L"Dplc",
-    L"reset",     L"Rset", L"placedLayerEditContents",         L"placedLayerReplaceContents",
-    L"make",      L"Mk  ", L"addTo",    L"AddT", L"subtractFrom", L"SbtF",
-    L"interfaceWhite",     L"IntW",     L"groupEvent",         L"GrpL",
-    L"ungroup",   L"Ungr"};
+    L"select", L"slct",      L"set", L"setd",          L"subtract", L"Sbtr",
+    L"add", L"Add ",         L"interfaceIconFrameDimmed", L"Intr",
+    L"exchange", L"Exch",    L"delete", L"Dlt ",       L"duplicate", L"Dplc",
+    L"reset", L"Rset",       L"placedLayerEditContents",  L"placedLayerReplaceContents",
+    L"make", L"Mk  ",        L"addTo", L"AddT",        L"subtractFrom", L"SbtF",
+    L"interfaceWhite", L"IntW",                        L"groupEvent", L"GrpL",
+    L"ungroup", L"Ungr"};
+// clang-format on
 
 // Deletes the event file, then (connected) enables the notifiers, removes every notifier and adds the events with
 // scriptPath and an empty event class: 1 when all were added. A failure ends the work, keeping what was added.

@@ -39,12 +39,18 @@ const VersionNames* NamesOf(const std::wstring& version) {
   return nullptr;
 }
 
-IRegistry& Registry() { return *CurrentPlatform().registry; }
+IRegistry& Registry() {
+  return *CurrentPlatform().registry;
+}
 
 }  // namespace
 
-std::wstring VersionKey(const std::wstring& version) { return kPhotoshopKey + version; }
-std::wstring Wow6432VersionKey(const std::wstring& version) { return kWow6432PhotoshopKey + version; }
+std::wstring VersionKey(const std::wstring& version) {
+  return kPhotoshopKey + version;
+}
+std::wstring Wow6432VersionKey(const std::wstring& version) {
+  return kWow6432PhotoshopKey + version;
+}
 
 std::optional<std::wstring> FontTypeValueName(const std::wstring& version) {
   if (const VersionNames* names = NamesOf(version)) return names->fontType;
@@ -63,8 +69,7 @@ std::wstring SettingsFileDir(const std::wstring& version) {
 std::wstring ApplicationDir(const std::wstring& version) {
   IFileSystem& files = *CurrentPlatform().files;
   for (const std::wstring& key : {VersionKey(version), Wow6432VersionKey(version)}) {
-    const std::wstring path =
-        Registry().GetString(RegistryHive::kLocalMachine, key, kApplicationPath).value_or(L"");
+    const std::wstring path = Registry().GetString(RegistryHive::kLocalMachine, key, kApplicationPath).value_or(L"");
     if (path.empty()) continue;
     if (files.FileExists(path + kExecutable)) return path;
     if (files.FileExists(path + L"\\" + kExecutable)) {

@@ -1,5 +1,7 @@
 // --registry FILE.json: the preference exports read the file's registry and the tool writes back what they
 // changed, in the file's own form, and leaves a file alone that the command didn't change.
+#include "registry_file.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -7,7 +9,6 @@
 #include <sstream>
 #include <string>
 
-#include "registry_file.h"
 #include "run_in_process.h"
 
 namespace ostrel::cli {
@@ -16,9 +17,9 @@ namespace {
 class RegistryFileTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    m_file = std::filesystem::path(::testing::TempDir()) /
-             ("ostrel_registry_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()) +
-              ".json");
+    m_file =
+        std::filesystem::path(::testing::TempDir()) /
+        ("ostrel_registry_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()) + ".json");
     std::filesystem::remove(m_file);
   }
   void TearDown() override { std::filesystem::remove(m_file); }
@@ -65,10 +66,10 @@ TEST_F(RegistryFileTest, AFileTheCommandDidntChangeIsLeftAsItWas) {
 }
 
 TEST_F(RegistryFileTest, FilesNotInTheFormAreRefused) {
-  for (const char* text : {"[]", "{\"HKEY_CLASSES_ROOT\": {}}", "{\"HKEY_CURRENT_USER\": []}",
-                           "{\"HKEY_CURRENT_USER\": {\"K\": 1}}", "{\"HKEY_CURRENT_USER\": {\"K\": {\"v\": -1}}}",
-                           "{\"HKEY_CURRENT_USER\": {\"K\": {\"v\": 4294967296}}}",
-                           "{\"HKEY_CURRENT_USER\": {\"K\": {\"v\": 1.5}}}", "{\"HKEY_CURRENT_USER\": {"}) {
+  for (const char* text :
+       {"[]", "{\"HKEY_CLASSES_ROOT\": {}}", "{\"HKEY_CURRENT_USER\": []}", "{\"HKEY_CURRENT_USER\": {\"K\": 1}}",
+        "{\"HKEY_CURRENT_USER\": {\"K\": {\"v\": -1}}}", "{\"HKEY_CURRENT_USER\": {\"K\": {\"v\": 4294967296}}}",
+        "{\"HKEY_CURRENT_USER\": {\"K\": {\"v\": 1.5}}}", "{\"HKEY_CURRENT_USER\": {"}) {
     SCOPED_TRACE(text);
     Write(text);
     const ToolRun run = Call({"Ostrel_GetUiLanguage", "\"150.0\""});

@@ -23,9 +23,15 @@ struct ReaderCase {
   const wchar_t* after;  // ... nullptr: not there
 };
 
-std::wstring ColorExchange() { return std::to_wstring(Ostrel_IsColorExchange()); }
-std::wstring DefaultColors() { return std::to_wstring(Ostrel_IsDefaultBackgroundForegroundColor()); }
-std::wstring SmartObjectEdit() { return std::to_wstring(Ostrel_IsSmartObjectEdit()); }
+std::wstring ColorExchange() {
+  return std::to_wstring(Ostrel_IsColorExchange());
+}
+std::wstring DefaultColors() {
+  return std::to_wstring(Ostrel_IsDefaultBackgroundForegroundColor());
+}
+std::wstring SmartObjectEdit() {
+  return std::to_wstring(Ostrel_IsSmartObjectEdit());
+}
 
 const ReaderCase kReaderCases[] = {
     {"ExchangeTaken", L"[Color]\r\nColorState=1\r\n", ColorExchange, L"1", L"Color", L"ColorState", L"0"},
@@ -50,30 +56,30 @@ const ReaderCase kReaderCases[] = {
      L"DuplicateDelete", L"Name", L""},
     {"DuplicateKeepsMinusOne", L"[DuplicateDelete]\r\nName=-1\r\n", Ostrel_GetDuplicateDeleteName, L"-1",
      L"DuplicateDelete", L"Name", L""},
-    {"DeleteMaskTakesTheSameKey", L"[DuplicateDelete]\r\nName=图层 2\r\n", Ostrel_GetDeleteMaskLayerName,
-     L"图层 2", L"DuplicateDelete", L"Name", L""},
+    {"DeleteMaskTakesTheSameKey", L"[DuplicateDelete]\r\nName=图层 2\r\n", Ostrel_GetDeleteMaskLayerName, L"图层 2",
+     L"DuplicateDelete", L"Name", L""},
     // Unconnected the active layer has no name: "-1" gives "", and the event is taken all the same.
     {"DeleteMaskMinusOneUnconnected", L"[DuplicateDelete]\r\nName=-1\r\n", Ostrel_GetDeleteMaskLayerName, L"",
      L"DuplicateDelete", L"Name", L""},
     {"LinkMaskTaken", L"[MaskLink]\r\nName=形状 1\r\n", Ostrel_GetLinkMaskLayerName, L"形状 1", L"MaskLink", L"Name",
      L""},
-    {"SelectKeepsMinusOne", L"[select]\r\nName=-1\r\n", Ostrel_GetSelectEventLayerName, L"-1", L"select", L"Name",
-     L""},
-    {"SelectNotAnotherSection", L"[MaskLink]\r\nName=x\r\n", Ostrel_GetSelectEventLayerName, L"", L"MaskLink",
-     L"Name", L"x"},
+    {"SelectKeepsMinusOne", L"[select]\r\nName=-1\r\n", Ostrel_GetSelectEventLayerName, L"-1", L"select", L"Name", L""},
+    {"SelectNotAnotherSection", L"[MaskLink]\r\nName=x\r\n", Ostrel_GetSelectEventLayerName, L"", L"MaskLink", L"Name",
+     L"x"},
     {"SmartReplaceTaken", L"[SmartObject]\r\nPath=C:\\图片\\a=b.psd\r\n", Ostrel_GetSmartReplacePath,
      L"C:\\图片\\a=b.psd", L"SmartObject", L"Path", L""},
     {"BrushOnlyRead", L"[Brush]\r\nPresetName=柔边圆\r\n", Ostrel_GetCurrentBrushPresetName, L"柔边圆", L"Brush",
      L"PresetName", L"柔边圆"},
-    {"AnEmptyKeyWritesNothing", L"[select]\r\nName=\r\n", Ostrel_GetSelectEventLayerName, L"", L"select", L"Name",
-     L""},
+    {"AnEmptyKeyWritesNothing", L"[select]\r\nName=\r\n", Ostrel_GetSelectEventLayerName, L"", L"select", L"Name", L""},
     {"AMissingKeyIsNotWritten", L"[select]\r\nOther=1\r\n", Ostrel_GetSelectEventLayerName, L"", L"select", L"Name",
      nullptr},
 };
 
 class EventReaderTest : public EventFileTest, public ::testing::WithParamInterface<ReaderCase> {};
 
-void PrintTo(const ReaderCase& c, std::ostream* out) { *out << c.name; }
+void PrintTo(const ReaderCase& c, std::ostream* out) {
+  *out << c.name;
+}
 
 TEST_P(EventReaderTest, GivesTheEventAndLeavesTheKey) {
   const ReaderCase& c = GetParam();
@@ -128,8 +134,8 @@ const AddMaskCase kAddMaskCases[] = {
     {"NoEvent", L"[Mask]\r\nMaskLayerNameStart=a\r\n", 0, 99, L"", L"", nullptr},
     {"EmptyMaskType", L"[Mask]\r\nMaskType=\r\nMaskLayerNameStart=a\r\n", 0, 99, L"", L"", L""},
     {"TypeZeroAlone", L"[Mask]\r\nMaskType=0\r\n", 1, 1, L"", L"", L""},
-    {"TypeOne", L"[Mask]\r\nMaskType=1\r\nMaskLayerNameStart=图层 1\r\nMaskLayerNameDest=图层 2\r\n", 1, 2,
-     L"图层 1", L"图层 2", L""},
+    {"TypeOne", L"[Mask]\r\nMaskType=1\r\nMaskLayerNameStart=图层 1\r\nMaskLayerNameDest=图层 2\r\n", 1, 2, L"图层 1",
+     L"图层 2", L""},
     {"TypeTwo", L"[Mask]\r\nMaskType=2\r\n", 1, 4, L"", L"", L""},
     {"TypeThree", L"[Mask]\r\nMaskType=3\r\n", 1, 8, L"", L"", L""},
     {"TypeFour", L"[Mask]\r\nMaskType=4\r\n", 1, 16, L"", L"", L""},
@@ -145,7 +151,9 @@ const AddMaskCase kAddMaskCases[] = {
 
 class AddMaskTest : public EventFileTest, public ::testing::WithParamInterface<AddMaskCase> {};
 
-void PrintTo(const AddMaskCase& c, std::ostream* out) { *out << c.name; }
+void PrintTo(const AddMaskCase& c, std::ostream* out) {
+  *out << c.name;
+}
 
 TEST_P(AddMaskTest, GivesTheMaskAndItsLayers) {
   const AddMaskCase& c = GetParam();
@@ -188,7 +196,9 @@ const LoadSelectionCase kLoadSelectionCases[] = {
 
 class LoadSelectionTest : public EventFileTest, public ::testing::WithParamInterface<LoadSelectionCase> {};
 
-void PrintTo(const LoadSelectionCase& c, std::ostream* out) { *out << c.name; }
+void PrintTo(const LoadSelectionCase& c, std::ostream* out) {
+  *out << c.name;
+}
 
 TEST_P(LoadSelectionTest, GivesTheSelectionAndTakesOnlyTheName) {
   const LoadSelectionCase& c = GetParam();

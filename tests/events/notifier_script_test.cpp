@@ -34,9 +34,15 @@ std::wstring LoadSelection() {
          std::to_wstring(static_cast<int>(panel)) + L" " + std::to_wstring(static_cast<int>(mask));
 }
 
-std::wstring ColorExchange() { return std::to_wstring(Ostrel_IsColorExchange()); }
-std::wstring DefaultColors() { return std::to_wstring(Ostrel_IsDefaultBackgroundForegroundColor()); }
-std::wstring SmartObjectEdit() { return std::to_wstring(Ostrel_IsSmartObjectEdit()); }
+std::wstring ColorExchange() {
+  return std::to_wstring(Ostrel_IsColorExchange());
+}
+std::wstring DefaultColors() {
+  return std::to_wstring(Ostrel_IsDefaultBackgroundForegroundColor());
+}
+std::wstring SmartObjectEdit() {
+  return std::to_wstring(Ostrel_IsSmartObjectEdit());
+}
 
 struct ScriptStep {
   const char* event;
@@ -50,11 +56,11 @@ const ScriptStep kSteps[] = {
     {"exchange", R"({"property": "colors"})", ColorExchange, L"1"},
     {"exchange", R"({"property": "colors"})", DefaultColors, L"0"},  // not the other colour event
     {"reset", R"({"property": "colors"})", DefaultColors, L"1"},
-    {"select", R"({"targetClass": "layer", "targetName": "背景 副本"})", Ostrel_GetSelectEventLayerName,
-     L"背景 副本"},
+    {"select", R"({"targetClass": "layer", "targetName": "背景 副本"})", Ostrel_GetSelectEventLayerName, L"背景 副本"},
     {"select", R"({"targetClass": "brush", "targetName": "柔边圆压力大小"})", Ostrel_GetCurrentBrushPresetName,
      L"柔边圆压力大小"},
-    {"set", R"({"property": "selection", "sourceClass": "layer", "sourceName": "图层 1", "sourceEnum": "transparencyEnum"})",
+    {"set",
+     R"({"property": "selection", "sourceClass": "layer", "sourceName": "图层 1", "sourceEnum": "transparencyEnum"})",
      LoadSelection, L"1 [图层 1] 0 0 1"},
     {"subtract", R"({"sourceClass": "channel", "sourceName": "Alpha 1"})", LoadSelection, L"1 [Alpha 1] 2 1 1"},
     {"interfaceIconFrameDimmed", R"({"sourceClass": "path", "sourceName": "路径 1"})", LoadSelection,

@@ -17,11 +17,16 @@ constexpr wchar_t kScript[] = L"C:\\Program Files\\Lessons\\通知.jsx";
 
 // The events as Photoshop's documentation and the public event lists name them, written out again here rather
 // than taken from the library's table.
+// clang-format off: the events in pairs, as they are registered
 const std::vector<std::wstring> kExpectedEvents = {
-    L"select", L"slct", L"set", L"setd", L"subtract", L"Sbtr", L"add", L"Add ",
-    L"interfaceIconFrameDimmed", L"Intr", L"exchange", L"Exch", L"delete", L"Dlt ", L"duplicate", L"Dplc",
-    L"reset", L"Rset", L"placedLayerEditContents", L"placedLayerReplaceContents", L"make", L"Mk  ", L"addTo",
-    L"AddT", L"subtractFrom", L"SbtF", L"interfaceWhite", L"IntW", L"groupEvent", L"GrpL", L"ungroup", L"Ungr"};
+    L"select", L"slct",      L"set", L"setd",          L"subtract", L"Sbtr",
+    L"add", L"Add ",         L"interfaceIconFrameDimmed", L"Intr",
+    L"exchange", L"Exch",    L"delete", L"Dlt ",       L"duplicate", L"Dplc",
+    L"reset", L"Rset",       L"placedLayerEditContents",  L"placedLayerReplaceContents",
+    L"make", L"Mk  ",        L"addTo", L"AddT",        L"subtractFrom", L"SbtF",
+    L"interfaceWhite", L"IntW",                        L"groupEvent", L"GrpL",
+    L"ungroup", L"Ungr"};
+// clang-format on
 
 constexpr char kOthersRegistered[] = R"({"notifiersEnabled": false,
     "notifiers": [{"event": "Opn ", "file": "C:\\other.jsx"}, {"event": "save", "file": "C:\\other.jsx"}]})";

@@ -48,8 +48,9 @@ std::vector<RegistryValue> PhotoshopKeys() {
 std::string Describe(const std::vector<RegistryValue>& values) {
   std::string text;
   for (const RegistryValue& v : values) {
-    text += (v.hive == kUser ? "HKCU\\" : "HKLM\\") + ToUtf8(v.key) + " [" + ToUtf8(v.name) + "] = " +
-            (v.kind == RegistryValue::Kind::kDword ? std::to_string(v.dword) : '"' + ToUtf8(v.text) + '"') + "\n";
+    text += (v.hive == kUser ? "HKCU\\" : "HKLM\\") + ToUtf8(v.key) + " [" + ToUtf8(v.name) +
+            "] = " + (v.kind == RegistryValue::Kind::kDword ? std::to_string(v.dword) : '"' + ToUtf8(v.text) + '"') +
+            "\n";
   }
   return text;
 }
@@ -88,8 +89,8 @@ class PreferencesTest : public ::testing::Test {
     return Wide(folder);
   }
   static void SetMachinePath(const wchar_t* key, const std::wstring& version, const std::wstring& path) {
-    ASSERT_TRUE(CurrentPlatform().registry->SetString(kMachine, std::wstring(key) + L"\\" + version,
-                                                      L"ApplicationPath", path));
+    ASSERT_TRUE(
+        CurrentPlatform().registry->SetString(kMachine, std::wstring(key) + L"\\" + version, L"ApplicationPath", path));
   }
 
   std::filesystem::path m_dir;
@@ -139,10 +140,10 @@ TEST_F(PreferencesTest, InstallFolderWithoutItsSeparatorIsRepaired) {
   SetMachinePath(kWowAdobe, L"140.0", folder);
   EXPECT_EQ(Ostrel_GetApplicationDir(L"140.0"), folder + L"\\");
   std::vector<RegistryValue> expected = {
-      {kMachine, L"SOFTWARE\\Adobe\\Photoshop\\140.0", L"ApplicationPath", RegistryValue::Kind::kString,
-       folder + L"\\", 0},
-      {kMachine, L"SOFTWARE\\Wow6432Node\\Adobe\\Photoshop\\140.0", L"ApplicationPath",
-       RegistryValue::Kind::kString, folder, 0},  // the second key isn't looked at
+      {kMachine, L"SOFTWARE\\Adobe\\Photoshop\\140.0", L"ApplicationPath", RegistryValue::Kind::kString, folder + L"\\",
+       0},
+      {kMachine, L"SOFTWARE\\Wow6432Node\\Adobe\\Photoshop\\140.0", L"ApplicationPath", RegistryValue::Kind::kString,
+       folder, 0},  // the second key isn't looked at
   };
   EXPECT_EQ(PhotoshopKeys(), expected) << Describe(PhotoshopKeys());
   EXPECT_EQ(Ostrel_GetApplicationDir(L"140.0"), folder + L"\\");  // repaired once
@@ -194,7 +195,9 @@ constexpr VersionCase kVersionCases[] = {
 
 class VersionTest : public PreferencesTest, public ::testing::WithParamInterface<VersionCase> {};
 
-void PrintTo(const VersionCase& c, std::ostream* out) { *out << '"' << ToUtf8(c.version) << '"'; }
+void PrintTo(const VersionCase& c, std::ostream* out) {
+  *out << '"' << ToUtf8(c.version) << '"';
+}
 
 TEST_P(VersionTest, TheFontTypeGoesUnderTheVersionsName) {
   const VersionCase& c = GetParam();
@@ -205,8 +208,8 @@ TEST_P(VersionTest, TheFontTypeGoesUnderTheVersionsName) {
     return;
   }
   EXPECT_EQ(Ostrel_SetUiFontType(c.version, 3), 1);
-  const std::vector<RegistryValue> expected = {{kUser, std::wstring(kAdobe) + L"\\" + c.version, c.fontValue,
-                                                RegistryValue::Kind::kDword, L"", 3}};
+  const std::vector<RegistryValue> expected = {
+      {kUser, std::wstring(kAdobe) + L"\\" + c.version, c.fontValue, RegistryValue::Kind::kDword, L"", 3}};
   EXPECT_EQ(PhotoshopKeys(), expected) << Describe(PhotoshopKeys());
 }
 
@@ -234,12 +237,11 @@ TEST_P(VersionTest, TheLanguageIsReadAndWrittenUnderTheVersionsName) {
   EXPECT_EQ(PhotoshopKeys().size(), before.size());  // changed in place
 }
 
-INSTANTIATE_TEST_SUITE_P(Versions, VersionTest, ::testing::ValuesIn(kVersionCases),
-                         [](const auto& info) {
-                           std::string name = "V" + ToUtf8(info.param.version);
-                           for (char& ch : name) ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
-                           return name + "_" + std::to_string(info.index);
-                         });
+INSTANTIATE_TEST_SUITE_P(Versions, VersionTest, ::testing::ValuesIn(kVersionCases), [](const auto& info) {
+  std::string name = "V" + ToUtf8(info.param.version);
+  for (char& ch : name) ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
+  return name + "_" + std::to_string(info.index);
+});
 
 // The UI scale's value name carries no version: the version goes into the key as given, known or not.
 TEST_F(PreferencesTest, TheUiScaleGoesUnderTheVersionsKey) {

@@ -1,8 +1,8 @@
 // The portable backends.
 #include "platform/portable/portable_backends.h"
 
-#include <cerrno>
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
@@ -107,8 +107,8 @@ namespace {
 
 // Whether the key (in lower case) is wanted or lies below it.
 bool IsAtOrBelow(const std::wstring& key, const std::wstring& wanted) {
-  return wanted.empty() || key == wanted || (key.size() > wanted.size() && key.compare(0, wanted.size(), wanted) == 0 &&
-                           key[wanted.size()] == L'\\');
+  if (wanted.empty() || key == wanted) return true;
+  return key.size() > wanted.size() && key.compare(0, wanted.size(), wanted) == 0 && key[wanted.size()] == L'\\';
 }
 
 }  // namespace

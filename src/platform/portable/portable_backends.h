@@ -72,10 +72,11 @@ class MemoryRegistry final : public IRegistry {
 
 // Ini files on disk, read and written as the Windows profile functions do on the Chinese Windows served: after a
 // UTF-16LE byte order mark in UTF-16LE, after a UTF-8 one in UTF-8, and otherwise in the ANSI code page 936 (GBK),
-// where no byte stops the reading (a pair that isn't valid reads as '?', as Windows' converter reads it). A write keeps the file's form; a new file is UTF-16LE
-// with its mark, with CR LF line ends. As the profile functions do, sections and keys compare without regard to
-// ASCII case, blanks around keys and values and one pair of quotes around a value are dropped, the first of two
-// keys (or sections) with one name is the one read and written, and keys before the first section belong to none.
+// where no byte stops the reading (a pair that isn't valid reads as '?', as Windows' converter reads it). A write
+// keeps the file's form; a new file is UTF-16LE with its mark, with CR LF line ends. As the profile functions do,
+// sections and keys compare without regard to ASCII case, blanks around keys and values and one pair of quotes
+// around a value are dropped, the first of two keys (or sections) with one name is the one read and written, and
+// keys before the first section belong to none.
 class FileIniStore final : public IIniStore {
  public:
   std::optional<std::wstring> GetString(const std::wstring& file, const std::wstring& section,
