@@ -27,6 +27,7 @@ struct CallEntry {
   // Arguments that fit the signature: each in-parameter's empty value (0, "", []), for callers that want to
   // run every export once.
   std::vector<CallArg> sampleArgs;
+  bool talksToPhotoshop = false;  // an OSTREL_PS_EXPORT row: unconnected it answers without a call
 };
 
 // A non-const reference parameter is an out-parameter: not read from the command line, printed afterwards.

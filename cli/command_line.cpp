@@ -13,6 +13,7 @@
 #include "platform/portable/portable_backends.h"
 #include "platform/portable/recorded_windows.h"
 #include "platform/text.h"
+#include "registry_file.h"
 
 #if defined(OSTREL_CLI_SIMULATOR)
 #include "simulator/photoshop.h"
@@ -34,6 +35,7 @@ constexpr const char* kFooter =
 struct GlobalOptions {
   std::vector<std::string> params;
   std::optional<std::string> photoshop;
+  std::optional<std::string> registry;
   bool bCountCalls = false;
   std::optional<std::string> windows;
 };
@@ -64,6 +66,10 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
          "--photoshop", [&options](const std::string& file) { options.photoshop = file; },
          "run against the simulated Photoshop of a scenario")
       ->type_name("SCENARIO.json");
+  app.add_option_function<std::string>(
+         "--registry", [&options](const std::string& file) { options.registry = file; },
+         "use the registry of a JSON file instead of the system's, and write back what the command changed")
+      ->type_name("FILE.json");
   app.add_flag("--count-calls", options.bCountCalls, "call: add the export's automation calls to the answer");
   app.add_option_function<std::string>(
          "--windows", [&options](const std::string& file) { options.windows = file; },
@@ -94,6 +100,13 @@ bool MergeOptions(const std::vector<const GlobalOptions*>& places, CommandLine& 
         return false;
       }
       line.photoshop = options->photoshop;
+    }
+    if (options->registry) {
+      if (line.registry) {
+        error = "--registry given more than once";
+        return false;
+      }
+      line.registry = options->registry;
     }
     line.call.bCountCalls = line.call.bCountCalls || options->bCountCalls;
     if (options->windows) {
@@ -239,26 +252,6 @@ int RunCommand(const CommandLine& line) {
   return 2;
 }
 
-// Runs the command with the simulated Photoshop of --photoshop installed, if there is one.
-int RunWithPhotoshop(const CommandLine& line) {
-  if (!line.photoshop) return RunCommand(line);
-#if defined(OSTREL_CLI_SIMULATOR)
-  std::unique_ptr<sim::SimulatedPhotoshop> photoshop;
-  try {
-    photoshop = std::make_unique<sim::SimulatedPhotoshop>(
-        sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(*line.photoshop)));
-  } catch (const std::exception& error) {
-    std::cerr << "ostrel: --photoshop " << *line.photoshop << ": " << error.what() << '\n';
-    return 2;
-  }
-  const ScopedPlatform platform(Platform{.automation = photoshop.get()});
-  return RunCommand(line);
-#else
-  std::cerr << "ostrel: this build has no simulated Photoshop\n";
-  return 2;
-#endif
-}
-
 }  // namespace
 
 int RunOstrel(const std::vector<std::string>& args) {
@@ -269,15 +262,59 @@ int RunOstrel(const std::vector<std::string>& args) {
     return *status;
   }
   GiveParameters(line.params);
-  if (!line.windows) return RunWithPhotoshop(line);
-  WindowTreeLoad load = LoadWindowTree(std::filesystem::u8path(*line.windows));
-  if (!load.tree) {
-    std::cerr << "ostrel: --windows " << load.error << '\n';
+  Platform platform;
+  MemoryRegistry registry;
+  if (line.registry) {
+    std::string error;
+    if (!LoadRegistryFile(std::filesystem::u8path(*line.registry), registry, error)) {
+      std::cerr << "ostrel: --registry " << *line.registry << ": " << error << '\n';
+      return 2;
+    }
+    platform.registry = &registry;
+  }
+  std::unique_ptr<RecordedWindows> windows;
+  if (line.windows) {
+    WindowTreeLoad load = LoadWindowTree(std::filesystem::u8path(*line.windows));
+    if (!load.tree) {
+      std::cerr << "ostrel: --windows " << load.error << '\n';
+      return 2;
+    }
+    windows = std::make_unique<RecordedWindows>(std::move(*load.tree));
+    platform.windows = windows.get();
+    platform.screen = windows.get();
+  }
+#if defined(OSTREL_CLI_SIMULATOR)
+  std::unique_ptr<sim::SimulatedPhotoshop> photoshop;
+  if (line.photoshop) {
+    try {
+      photoshop = std::make_unique<sim::SimulatedPhotoshop>(
+          sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(*line.photoshop)));
+    } catch (const std::exception& error) {
+      std::cerr << "ostrel: --photoshop " << *line.photoshop << ": " << error.what() << '\n';
+      return 2;
+    }
+    platform.automation = photoshop.get();
+  }
+#else
+  if (line.photoshop) {
+    std::cerr << "ostrel: this build has no simulated Photoshop\n";
     return 2;
   }
-  RecordedWindows windows(std::move(*load.tree));
-  const ScopedPlatform platform(Platform{.windows = &windows, .screen = &windows});
-  return RunWithPhotoshop(line);
+#endif
+  const std::string registryBefore = RegistryFileText(registry);
+  int status = 0;
+  {
+    const ScopedPlatform scoped(platform);
+    status = RunCommand(line);
+  }
+  if (line.registry && RegistryFileText(registry) != registryBefore) {
+    std::string error;
+    if (!SaveRegistryFile(std::filesystem::u8path(*line.registry), registry, error)) {
+      std::cerr << "ostrel: --registry " << *line.registry << ": " << error << '\n';
+      return 2;
+    }
+  }
+  return status;
 }
 
 }  // namespace ostrel::cli

@@ -20,6 +20,7 @@ struct CommandLine {
   std::map<int, std::wstring> params;    // --param KEY=VALUE; a key given twice keeps its last value
   std::optional<std::string> photoshop;  // --photoshop SCENARIO.json
   std::optional<std::string> windows;    // --windows TREE.json
+  std::optional<std::string> registry;   // --registry FILE.json
 };
 
 // Reads the words after the program's name. Nothing when a command is to run; otherwise the exit status with
@@ -28,7 +29,8 @@ struct CommandLine {
 std::optional<int> ReadCommandLine(const std::vector<std::string>& args, CommandLine& line, std::string& message);
 
 // The whole tool: reads the command line, gives the library its parameters, installs the simulated Photoshop of
-// --photoshop and the recorded window tree of --windows, and runs the command. Gives the exit status.
+// --photoshop, the recorded window tree of --windows and the registry file of --registry, runs the command and
+// writes back a registry it changed. Gives the exit status.
 int RunOstrel(const std::vector<std::string>& args);
 
 }  // namespace ostrel::cli

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "events/event_file.h"
+#include "events/notifiers.h"
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
 #include "locator/handles.h"
@@ -23,6 +25,7 @@
 #include "photoshop/tool_state.h"
 #include "platform/color_text.h"
 #include "preferences/ui_language.h"
+#include "preferences/preferences.h"
 #include "script/rows.h"
 #include "vocabulary/color_swatches.h"
 #include "vocabulary/dialog_names.h"
