@@ -80,7 +80,7 @@ TEST_F(Win32WindowTreeTest, DescendantsInZOrderEachFollowedByItsOwnAndTheVisible
   EXPECT_TRUE(list.empty());
   EXPECT_EQ(m_tree.FindDescendantByClass(ToHandle(frame), L"Edit"), ToHandle(field));
   EXPECT_EQ(m_tree.FindChild(ToHandle(frame), L"Edit"), 0u);  // only a direct child counts
-  EXPECT_EQ(m_tree.FindChild(0, kFrameClass), 0u);            // not the top-level windows
+  EXPECT_EQ(m_tree.FindChild(0, kFrameClass), ToHandle(popup));  // the desktop's children: the top-level windows
 }
 
 TEST_F(Win32WindowTreeTest, ParentIsTheHolderOfAChildAndTheOwnerOfAPopup) {

@@ -62,9 +62,9 @@ WindowHandle Win32WindowTree::FindTopLevel(const std::wstring& className, const 
 }
 
 WindowHandle Win32WindowTree::FindChild(WindowHandle parent, const std::wstring& className) {
-  // A null parent would make FindWindowExW search the top-level windows: no child of nothing is found.
+  // A null parent is the desktop, whose children are the top-level windows; a handle that has gone has none.
   const HWND window = LiveWindow(parent);
-  if (!window) return 0;
+  if (parent != 0 && !window) return 0;
   return ToHandle(FindWindowExW(window, nullptr, className.c_str(), nullptr));
 }
 
