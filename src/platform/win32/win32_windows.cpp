@@ -39,6 +39,13 @@ void ForEachDescendant(HWND parent, const std::function<bool(HWND)>& visit) {
   if (context.failure) std::rethrow_exception(context.failure);
 }
 
+void ForEachTopLevel(const std::function<bool(HWND)>& visit) {
+  EnumerationContext context;
+  context.visit = &visit;
+  EnumWindows(&VisitOne, reinterpret_cast<LPARAM>(&context));
+  if (context.failure) std::rethrow_exception(context.failure);
+}
+
 std::wstring WindowText(HWND window) {
   if (window == nullptr) return {};
   const LRESULT length = SendMessageW(window, WM_GETTEXTLENGTH, 0, 0);

@@ -26,6 +26,9 @@ inline HWND ToHwnd(WindowHandle handle) noexcept {
 // and is thrown again after EnumChildWindows has returned: none crosses the system's callback.
 void ForEachDescendant(HWND parent, const std::function<bool(HWND)>& visit);
 
+// The same for the top-level windows (EnumWindows), topmost first.
+void ForEachTopLevel(const std::function<bool(HWND)>& visit);
+
 // The text of a window by WM_GETTEXT, whole: its length first by WM_GETTEXTLENGTH.
 std::wstring WindowText(HWND window);
 
