@@ -11,6 +11,7 @@
 
 #include "platform/platform.h"
 #include "platform/portable/portable_backends.h"
+#include "platform/portable/recorded_windows.h"
 #include "platform/text.h"
 
 #if defined(OSTREL_CLI_SIMULATOR)
@@ -66,7 +67,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--count-calls", options.bCountCalls, "call: add the export's automation calls to the answer");
   app.add_option_function<std::string>(
          "--windows", [&options](const std::string& file) { options.windows = file; },
-         "a recorded window tree (not supported yet)")
+         "run the window locator on a recorded window tree instead of the screen's windows")
       ->type_name("TREE.json");
 }
 
@@ -80,7 +81,7 @@ void AddEncodingOption(CLI::App& command, LessonEncoding& encoding) {
 }
 
 // Gathers the options of every place they were given, in the order of the command line. False, with error set,
-// for a scenario given twice or a window tree.
+// for a scenario or a window tree given twice.
 bool MergeOptions(const std::vector<const GlobalOptions*>& places, CommandLine& line, std::string& error) {
   for (const GlobalOptions* options : places) {
     for (const std::string& pair : options->params) {
@@ -96,8 +97,11 @@ bool MergeOptions(const std::vector<const GlobalOptions*>& places, CommandLine& 
     }
     line.call.bCountCalls = line.call.bCountCalls || options->bCountCalls;
     if (options->windows) {
-      error = "--windows " + *options->windows + ": recorded window trees aren't supported yet";
-      return false;
+      if (line.windows) {
+        error = "--windows given more than once";
+        return false;
+      }
+      line.windows = options->windows;
     }
   }
   return true;
@@ -243,16 +247,8 @@ int RunCommand(const CommandLine& line) {
   return 2;
 }
 
-}  // namespace
-
-int RunOstrel(const std::vector<std::string>& args) {
-  CommandLine line;
-  std::string message;
-  if (const std::optional<int> status = ReadCommandLine(args, line, message)) {
-    (*status == 0 ? std::cout : std::cerr) << message;
-    return *status;
-  }
-  GiveParameters(line.params);
+// Runs the command with the simulated Photoshop of --photoshop installed, if there is one.
+int RunWithPhotoshop(const CommandLine& line) {
   if (!line.photoshop) return RunCommand(line);
 #if defined(OSTREL_CLI_SIMULATOR)
   std::unique_ptr<sim::SimulatedPhotoshop> photoshop;
@@ -269,6 +265,27 @@ int RunOstrel(const std::vector<std::string>& args) {
   std::cerr << "ostrel: this build has no simulated Photoshop\n";
   return 2;
 #endif
+}
+
+}  // namespace
+
+int RunOstrel(const std::vector<std::string>& args) {
+  CommandLine line;
+  std::string message;
+  if (const std::optional<int> status = ReadCommandLine(args, line, message)) {
+    (*status == 0 ? std::cout : std::cerr) << message;
+    return *status;
+  }
+  GiveParameters(line.params);
+  if (!line.windows) return RunWithPhotoshop(line);
+  WindowTreeLoad load = LoadWindowTree(std::filesystem::u8path(*line.windows));
+  if (!load.tree) {
+    std::cerr << "ostrel: --windows " << load.error << '\n';
+    return 2;
+  }
+  RecordedWindows windows(std::move(*load.tree));
+  const ScopedPlatform platform(Platform{.windows = &windows, .screen = &windows});
+  return RunWithPhotoshop(line);
 }
 
 }  // namespace ostrel::cli

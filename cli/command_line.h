@@ -21,6 +21,7 @@ struct CommandLine {
   CaptureOptions capture;
   std::map<int, std::wstring> params;    // --param KEY=VALUE; a key given twice keeps its last value
   std::optional<std::string> photoshop;  // --photoshop SCENARIO.json
+  std::optional<std::string> windows;    // --windows TREE.json
 };
 
 // Reads the words after the program's name. Nothing when a command is to run; otherwise the exit status with
@@ -29,7 +30,7 @@ struct CommandLine {
 std::optional<int> ReadCommandLine(const std::vector<std::string>& args, CommandLine& line, std::string& message);
 
 // The whole tool: reads the command line, gives the library its parameters, installs the simulated Photoshop of
-// --photoshop and runs the command. Gives the exit status.
+// --photoshop and the recorded window tree of --windows, and runs the command. Gives the exit status.
 int RunOstrel(const std::vector<std::string>& args);
 
 }  // namespace ostrel::cli

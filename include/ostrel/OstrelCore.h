@@ -13,3 +13,4 @@
 #include "ostrel/tool_options.h"
 #include "ostrel/tool_state.h"
 #include "ostrel/tools.h"
+#include "ostrel/window_locator.h"

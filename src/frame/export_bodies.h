@@ -8,6 +8,11 @@
 
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
+#include "locator/handles.h"
+#include "locator/main_frame.h"
+#include "locator/patterns.h"
+#include "locator/pickers.h"
+#include "locator/tool_options_bar.h"
 #include "ostrel/OstrelCore.h"
 #include "photoshop/documents.h"
 #include "photoshop/tool_state.h"

@@ -9,7 +9,7 @@ namespace {
 // A frame with an owned pop-up above it, a hidden panel and overlapping children.
 constexpr const char* kTree = R"({"comment": "test", "screen": {"width": 800, "height": 600},
  "windows": [
-  {"hwnd": 50, "class": "PSFloatC", "rect": [100, 100, 300, 300], "owner": 10, "children": [
+  {"hwnd": 50, "class": "PSFloatc", "rect": [100, 100, 300, 300], "owner": 10, "children": [
     {"hwnd": 51, "class": "PSViewC", "rect": [100, 100, 300, 300]}]},
   {"hwnd": 10, "class": "Photoshop", "title": "Adobe Photoshop CC 2019", "rect": [0, 0, 800, 600], "children": [
     {"hwnd": 20, "class": "OWL.Dock", "rect": [500, 0, 800, 600], "visible": false, "children": [
@@ -56,8 +56,9 @@ TEST(RecordedWindows, AnswersAsWindowsDoes) {
   EXPECT_EQ(windows.FindTopLevel(L"PSFloatC", nullptr), 50u);
   EXPECT_EQ(windows.FindTopLevel(L"PSFloatC", &empty), 50u);
   EXPECT_EQ(windows.FindTopLevel(L"PSFloatC", &title), 60u);
-  const std::wstring part = L"渐变";
+  const std::wstring part = L"渐变", otherCase = L"adobe photoshop cc 2019";
   EXPECT_EQ(windows.FindTopLevel(L"PSFloatC", &part), 0u);
+  EXPECT_EQ(windows.FindTopLevel(L"photoshop", &otherCase), 10u);
   EXPECT_EQ(windows.FindChild(10, L"Edit"), 0u);  // only direct children
   EXPECT_EQ(windows.FindDescendantByClass(10, L"Edit"), 21u);
   EXPECT_EQ(windows.FindDescendantByClass(0, L"Edit"), 0u);
@@ -112,6 +113,10 @@ constexpr Mistake kMistakes[] = {
      "(hwnd 4): \"selected\" must be -1 or the number of one of the 1 items"},
     {"{\"windows\": [\n  {\"hwnd\": 4, \"class\": \"A\",}]}", "line 2, column 28: not JSON"},
     {R"({"windows": {}})", "\"windows\" must be the list"},
+    {R"({"windows": [{"hwnd": 1, "class": "A"}, {"hwnd": 2, "class": "B", "owner": 1}]})",
+     "windows[1] (hwnd 2): an owned window must stand above its owner 1"},
+    {R"({"windows": [{"hwnd": 4, "class": "ComboBox", "title": "x", "items": ["a", "b"], "selected": 1}]})",
+     "(hwnd 4): a ComboBox's \"title\" is the item it shows: \"b\""},
 };
 
 TEST(RecordedWindows, MistakesAreNamedByTheirPlace) {

@@ -2,6 +2,7 @@
 // real windows of the same shape (see recorded_windows.h).
 #include "platform/portable/recorded_windows.h"
 
+#include <cwctype>
 #include <utility>
 
 namespace ostrel {
@@ -20,6 +21,15 @@ void ListDescendants(const RecordedWindow& window, std::vector<const RecordedWin
 }
 
 const wchar_t kComboBox[] = L"ComboBox";
+
+// Class names and titles as FindWindowW and FindWindowExW compare them: whole, without regard to case.
+bool SameName(const std::wstring& a, const std::wstring& b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    if (std::towupper(static_cast<wint_t>(a[i])) != std::towupper(static_cast<wint_t>(b[i]))) return false;
+  }
+  return true;
+}
 
 }  // namespace
 
@@ -44,7 +54,9 @@ const RecordedWindow* RecordedWindows::Find(WindowHandle window) const {
 
 WindowHandle RecordedWindows::FindTopLevel(const std::wstring& className, const std::wstring* title) {
   for (const RecordedWindow& window : m_tree.windows) {
-    if (window.className == className && (title == nullptr || window.title == *title)) return window.hwnd;
+    if (SameName(window.className, className) && (title == nullptr || SameName(window.title, *title))) {
+      return window.hwnd;
+    }
   }
   return 0;
 }
@@ -58,7 +70,7 @@ WindowHandle RecordedWindows::FindChild(WindowHandle parent, const std::wstring&
     children = &holder->children;
   }
   for (const RecordedWindow& child : *children) {
-    if (child.className == className) return child.hwnd;
+    if (SameName(child.className, className)) return child.hwnd;
   }
   return 0;
 }

@@ -15,16 +15,21 @@
 //            "children": [WINDOW, ...]}   child windows, topmost first
 //
 // "comment" and "screen" may be left out (the screen is then 0 by 0). Any other key is a mistake, as are a
-// repeated or zero handle, a missing class, an owner that isn't a top-level window of the file, an owner on a
-// child window, items or a selection on another class than ComboBox, and a selection outside the items.
+// repeated or zero handle, a missing class, an owner that isn't a top-level window of the file, an owned window
+// listed after its owner (an owned window always lies above it), an owner on a child window, items or a
+// selection on another class than ComboBox, a selection outside the items, and a ComboBox whose title isn't the
+// item it shows (a drop-down list has no text of its own; its title defaults to that item, "" for none).
 //
 // What the tree means, as Windows answers for real windows:
+// - Classes and titles are compared whole and without regard to case by the searches of top-level windows and of
+//   direct children (FindWindowW, FindWindowExW).
 // - A window is visible when its own flag and the flags of all its parents are set; an owner doesn't count.
 // - The parent (GetParent) of a child window is the window that holds it; of a top-level window its owner, if it
 //   has one (an owned window is a pop-up: GetParent gives the owner only for WS_POPUP windows), else none.
 // - Descendants are listed in z-order, each window followed by its own descendants (EnumChildWindows).
 // - The window at a point is the deepest visible window whose rectangle holds the point, looking at the top-level
-//   windows and then at the children of each level topmost first (WindowFromPoint).
+//   windows and then at the children of each level topmost first (WindowFromPoint). Labels (Static) count: they
+//   are passed over only for the windows of the calling thread, and Photoshop's windows are another process's.
 #pragma once
 
 #include <cstdint>

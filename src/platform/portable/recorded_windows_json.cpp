@@ -126,6 +126,13 @@ void Reader::Items(const json& value, RecordedWindow& window, const std::string&
                       " items");
     }
   }
+  if (!isComboBox) return;
+  // A drop-down list shows its selected item and has no text of its own.
+  const std::wstring shown = window.selected >= 0 ? window.items[static_cast<size_t>(window.selected)] : L"";
+  if (!value.contains("title")) window.title = shown;
+  if (window.title != shown) {
+    Fail(place, "a ComboBox's \"title\" is the item it shows: \"" + ToUtf8(shown) + "\" here");
+  }
 }
 
 RecordedWindowTree ReadTree(const json& document) {
@@ -159,10 +166,16 @@ RecordedWindowTree ReadTree(const json& document) {
       Fail(place, "the owner " + std::to_string(owner) + " isn't a top-level window of the tree");
     }
   }
-  for (const RecordedWindow& window : tree.windows) {
-    if (window.owner == window.hwnd) {
-      Fail("hwnd " + std::to_string(window.hwnd), "a window can't own itself");
+  // An owned window always lies above its owner: it comes before it in the list.
+  std::set<WindowHandle> above;
+  for (size_t i = 0; i < tree.windows.size(); ++i) {
+    const RecordedWindow& window = tree.windows[i];
+    if (window.owner == window.hwnd) Fail("windows[" + std::to_string(i) + "]", "a window can't own itself");
+    if (window.owner != 0 && above.contains(window.owner)) {
+      Fail("windows[" + std::to_string(i) + "] (hwnd " + std::to_string(window.hwnd) + ")",
+           "an owned window must stand above its owner " + std::to_string(window.owner) + ", before it in the list");
     }
+    above.insert(window.hwnd);
   }
   return tree;
 }
