@@ -90,15 +90,25 @@ void FillComboBox(HWND combo, const RecordedWindow& window, const std::string& p
   }
 }
 
+// Takes in what the display has sent the window thread.
+void Settle() {
+  for (int round = 0; round < 5; ++round) {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    Sleep(10);
+  }
+}
+
 }  // namespace
 
 std::string PlaceOf(const std::string& path, const RecordedWindow& window) {
   return path + " (hwnd " + std::to_string(window.hwnd) + ", " + ToUtf8(window.className) + ")";
 }
 
-RealWindows::RealWindows(WindowThread& thread, const RecordedWindowTree& tree) : m_thread(thread) {
+RealWindows::RealWindows(WindowThread& thread, const RecordedWindowTree& tree) : m_thread(thread), m_tree(tree) {
   try {
     m_thread.Run([&] { Build(tree); });
+    Rearrange();
     Check(tree.windows, nullptr, "windows");
   } catch (...) {
     Destroy();
@@ -218,18 +228,51 @@ void RealWindows::Arrange(const std::vector<RecordedWindow>& siblings, bool topL
   }
 }
 
-// What Windows holds against what the tree says, for siblings under parent (null: the top-level windows, among
-// which the windows of other programs are passed over) and all below them.
-void RealWindows::Check(const std::vector<RecordedWindow>& siblings, HWND parent, const std::string& place) const {
+// Under Wine the display answers new and restacked windows afterwards, and taking those answers in can move an
+// owned pop-up down to just above its owner: the answers are taken in and the windows put in order again until
+// the order holds.
+void RealWindows::Rearrange() {
+  for (int attempt = 0; attempt < 5 && !TopLevelOrderHolds(); ++attempt) {
+    m_thread.Run([&] {
+      Settle();
+      Arrange(m_tree.windows, true);
+      Settle();
+    });
+  }
+}
+
+// The top-level windows built from the tree, in Windows' z-order (the windows of other programs passed over).
+std::vector<WindowHandle> RealWindows::ZOrderBelow(HWND parent) const {
   std::vector<WindowHandle> order;
   for (HWND window = GetWindow(parent ? parent : GetDesktopWindow(), GW_CHILD); window;
        window = GetWindow(window, GW_HWNDNEXT)) {
     const auto recorded = RecordedOf(ToHandle(window));
     if (recorded) order.push_back(*recorded);
   }
+  return order;
+}
+
+bool RealWindows::TopLevelOrderHolds() const {
+  std::vector<WindowHandle> wanted;
+  for (const RecordedWindow& window : m_tree.windows) wanted.push_back(window.hwnd);
+  return ZOrderBelow(nullptr) == wanted;
+}
+
+// What Windows holds against what the tree says, for siblings under parent (null: the top-level windows, among
+// which the windows of other programs are passed over) and all below them.
+void RealWindows::Check(const std::vector<RecordedWindow>& siblings, HWND parent, const std::string& place) const {
+  const std::vector<WindowHandle> order = ZOrderBelow(parent);
   std::vector<WindowHandle> wanted;
   for (const RecordedWindow& window : siblings) wanted.push_back(window.hwnd);
-  if (order != wanted) throw std::runtime_error(place + ": Windows holds the windows below it in another z-order");
+  if (order != wanted) {
+    const auto text = [](const std::vector<WindowHandle>& handles) {
+      std::string joined;
+      for (WindowHandle handle : handles) joined += (joined.empty() ? "" : " ") + std::to_string(handle);
+      return joined;
+    };
+    throw std::runtime_error(place + ": Windows holds the windows below it in the z-order " + text(order) +
+                             ", not " + text(wanted));
+  }
   const std::string path = place.substr(0, place.find(' '));
   for (size_t i = 0; i < siblings.size(); ++i) {
     const RecordedWindow& window = siblings[i];

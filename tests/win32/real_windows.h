@@ -29,6 +29,12 @@ class RealWindows {
   WindowHandle RealOf(WindowHandle recorded) const;
   // The recorded handle of a real one; 0 for 0, nothing for a window that wasn't built from the tree.
   std::optional<WindowHandle> RecordedOf(WindowHandle real) const;
+  // Whether the top-level windows still lie in the recorded z-order, and putting them back in it (Wine can move
+  // an owned pop-up down to its owner some time after it was placed).
+  bool TopLevelOrderHolds() const;
+  void Rearrange();
+  // Checks again that Windows holds the windows as the tree says; throws as the constructor does.
+  void Verify() const { Check(m_tree.windows, nullptr, "windows"); }
   // Every recorded handle, in enumeration order (top-level windows topmost first, each followed by its
   // descendants).
   const std::vector<WindowHandle>& RecordedHandles() const { return m_order; }
@@ -40,10 +46,12 @@ class RealWindows {
   void CreateChildren(const RecordedWindow& window, HWND real, const std::string& place);
   HWND CreateOne(const RecordedWindow& window, HWND parent, bool child, const std::string& place);
   void Arrange(const std::vector<RecordedWindow>& siblings, bool topLevel);
+  std::vector<WindowHandle> ZOrderBelow(HWND parent) const;
   void Check(const std::vector<RecordedWindow>& siblings, HWND parent, const std::string& place) const;
   void Destroy();
 
   WindowThread& m_thread;
+  RecordedWindowTree m_tree;
   std::unordered_map<WindowHandle, WindowHandle> m_real;      // recorded -> real
   std::unordered_map<WindowHandle, WindowHandle> m_recorded;  // real -> recorded
   std::vector<WindowHandle> m_order;

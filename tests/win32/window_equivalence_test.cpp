@@ -155,7 +155,7 @@ TEST_F(WindowEquivalenceTest, TopLevelSearchesMatchTitlesWhole) {
 }
 
 TEST_F(WindowEquivalenceTest, PointTestGivesTheSameWindowAllOverTheScreenAndAtEveryEdge) {
-  constexpr int32_t kStep = 12;
+  constexpr int32_t kStep = 20;
   for (const NamedTree& named : *s_trees) {
     SCOPED_TRACE(named.name);
     BothSides both(m_thread, named);
