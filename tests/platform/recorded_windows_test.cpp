@@ -18,6 +18,7 @@ constexpr const char* kTree = R"({"comment": "test", "screen": {"width": 800, "h
       {"hwnd": 31, "class": "ComboBox", "title": "锐利", "rect": [10, 10, 90, 30], "items": ["无", "锐利"],
        "selected": 1},
       {"hwnd": 32, "class": "Static", "title": "宽度:", "rect": [10, 10, 40, 30], "visible": false}]}]},
+  {"hwnd": 70, "class": "#32770", "title": "存储为", "rect": [800, 0, 840, 40], "owner": 60},
   {"hwnd": 60, "class": "PSFloatC", "title": "渐变编辑器", "rect": [0, 0, 50, 50], "visible": false}]})";
 
 RecordedWindows Loaded() {
@@ -36,6 +37,9 @@ TEST(RecordedWindows, AnswersAsWindowsDoes) {
   EXPECT_TRUE(windows.IsVisible(31));
   EXPECT_FALSE(windows.IsVisible(21));  // its parent is hidden
   EXPECT_FALSE(windows.IsVisible(60));
+  EXPECT_TRUE(windows.IsVisible(70));  // its owner is hidden
+  EXPECT_EQ(windows.ParentOf(70), 60u);
+  EXPECT_EQ(windows.WindowAt(810, 20), 70u);
   EXPECT_FALSE(windows.IsVisible(0));
   // Descendants: z-order, each window followed by its own.
   std::vector<WindowHandle> list = {999};
@@ -85,7 +89,7 @@ TEST(RecordedWindows, WrittenTreeReadsBackTheSame) {
   EXPECT_EQ(WriteWindowTree(*again.tree), text);
   EXPECT_EQ(again.tree->windows[1].children[1].children[0].items[1], L"锐利");
   EXPECT_EQ(again.tree->windows[0].owner, 10u);
-  EXPECT_FALSE(again.tree->windows[2].visible);
+  EXPECT_FALSE(again.tree->windows[3].visible);
 }
 
 struct Mistake {
