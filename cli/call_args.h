@@ -278,7 +278,8 @@ struct ArgTraits<tagSIZE> {
   }
 };
 
-// A window handle travels as its number, 0 for the null handle (handles have 32 significant bits).
+// A window handle travels as its number, 0 for the null handle (handles have 32 significant bits, sign-extended
+// in a 64-bit process).
 template <>
 struct ArgTraits<HWND> {
   static constexpr const char* kName = "HWND";
@@ -288,7 +289,7 @@ struct ArgTraits<HWND> {
       error = "expects a window handle, a whole number from 0 to 4294967295, got " + arg.typed;
       return false;
     }
-    out = reinterpret_cast<HWND>(static_cast<uintptr_t>(*number));
+    out = reinterpret_cast<HWND>(static_cast<intptr_t>(static_cast<int32_t>(static_cast<uint32_t>(*number))));
     return true;
   }
   static Json ToJson(HWND value) {

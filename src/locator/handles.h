@@ -9,9 +9,12 @@
 
 namespace ostrel::locator {
 
-inline HWND ToHwnd(WindowHandle window) { return reinterpret_cast<HWND>(static_cast<uintptr_t>(window)); }
+// Window handles have 32 significant bits, also in a 64-bit process; widened, they are sign-extended, as Windows
+// does when it hands a 32-bit handle to a 64-bit process.
+inline HWND ToHwnd(WindowHandle window) {
+  return reinterpret_cast<HWND>(static_cast<intptr_t>(static_cast<int32_t>(window)));
+}
 
-// Window handles have 32 significant bits, also in a 64-bit process.
 inline WindowHandle FromHwnd(HWND window) {
   return static_cast<WindowHandle>(reinterpret_cast<uintptr_t>(window));
 }

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "locator/handles.h"
 #include "locator/patterns.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
@@ -249,6 +250,14 @@ TEST(Patterns, FreeTransformWantsSevenShownFields) {
                            Window(151, "Static", {520, 42, 530, 58}, ", \"title\": \"Y:\"");
   Installed almost(FrameTree(Controls(7, "Edit") + "," + Controls(1, "Button", 7) + "," + near));
   EXPECT_EQ(Ostrel_IsFreeTransf(), 0);
+}
+
+// A handle's 32 bits are sign-extended to the width of HWND, as Windows widens them, and come back whole.
+TEST(Patterns, HighHandlesAreSignExtended) {
+  Installed tree(R"({"windows": [{"hwnd": 4000000000, "class": "Photoshop", "rect": [0, 0, 10, 10]}]})");
+  const HWND frame = Ostrel_GetPhotoshopWnd();
+  EXPECT_EQ(reinterpret_cast<intptr_t>(frame), static_cast<intptr_t>(static_cast<int32_t>(4000000000u)));
+  EXPECT_EQ(locator::FromHwnd(frame), 4000000000u);
 }
 
 TEST(Patterns, MainFrameHiddenOrMissing) {
