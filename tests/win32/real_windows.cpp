@@ -200,7 +200,9 @@ HWND RealWindows::CreateOne(const RecordedWindow& window, HWND parent, bool chil
   if (child && window.visible) style |= WS_VISIBLE;  // a top-level window is shown once the z-order is set
   const bool combo = window.className == L"ComboBox";
   const HMENU id = child ? reinterpret_cast<HMENU>(static_cast<INT_PTR>(m_nextId++)) : nullptr;
-  const HWND real = CreateWindowExW(0, window.className.c_str(), combo ? L"" : window.title.c_str(), style,
+  // Top-level windows are never activated (under Wine an activation restacks them).
+  const DWORD extendedStyle = child ? 0 : WS_EX_NOACTIVATE;
+  const HWND real = CreateWindowExW(extendedStyle, window.className.c_str(), combo ? L"" : window.title.c_str(), style,
                                     rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, parent, id,
                                     GetModuleHandleW(nullptr), nullptr);
   if (!real) {

@@ -40,7 +40,7 @@ TEST(WindowCaptureTest, CapturingTheWindowsBuiltFromATreeGivesBackThatTree) {
     test::RealWindows real(thread, named.tree);
     // A capture is taken while the windows lie in the recorded z-order from its start to its end.
     RecordedWindowTree captured;
-    for (int attempt = 0; attempt < 3; ++attempt) {
+    for (int attempt = 0; attempt < 5; ++attempt) {
       real.Rearrange();
       captured = CaptureWindowsAround(real.RealOf(Anchor(named.tree)));
       if (real.TopLevelOrderHolds()) break;

@@ -174,6 +174,7 @@ TEST_F(WindowEquivalenceTest, PointTestGivesTheSameWindowAllOverTheScreenAndAtEv
       }
     }
     int mismatches = 0;
+    both.real.Rearrange();
     for (const auto& [x, y] : points) {
       const std::optional<WindowHandle> fromReal = both.real.RecordedOf(both.live.WindowAt(x, y));
       const WindowHandle fromModel = both.model.WindowAt(x, y);
