@@ -173,17 +173,24 @@ TEST_F(WindowEquivalenceTest, PointTestGivesTheSameWindowAllOverTheScreenAndAtEv
         }
       }
     }
-    int mismatches = 0;
-    both.real.Rearrange();
-    for (const auto& [x, y] : points) {
-      const std::optional<WindowHandle> fromReal = both.real.RecordedOf(both.live.WindowAt(x, y));
-      const WindowHandle fromModel = both.model.WindowAt(x, y);
-      if (fromReal == fromModel) continue;
-      if (++mismatches > 10) continue;  // the first few say enough
-      ADD_FAILURE() << "WindowFromPoint(" << x << ", " << y << "): the model gives " << both.Name(fromModel)
-                    << ", Windows " << (fromReal ? both.Name(*fromReal) : "a window not built from the tree");
+    // Wine can restack an owned pop-up while the points are tried: then the order is restored and all are tried
+    // again.
+    std::vector<std::string> mismatches;
+    for (int attempt = 0; attempt < 3; ++attempt) {
+      both.real.Rearrange();
+      mismatches.clear();
+      for (const auto& [x, y] : points) {
+        const std::optional<WindowHandle> fromReal = both.real.RecordedOf(both.live.WindowAt(x, y));
+        const WindowHandle fromModel = both.model.WindowAt(x, y);
+        if (fromReal == fromModel) continue;
+        mismatches.push_back("WindowFromPoint(" + std::to_string(x) + ", " + std::to_string(y) + "): the model gives " +
+                             both.Name(fromModel) + ", Windows " +
+                             (fromReal ? both.Name(*fromReal) : "a window not built from the tree"));
+      }
+      if (mismatches.empty() || both.real.TopLevelOrderHolds()) break;
     }
-    EXPECT_EQ(mismatches, 0);
+    for (size_t i = 0; i < mismatches.size() && i < 10; ++i) ADD_FAILURE() << mismatches[i];
+    EXPECT_TRUE(mismatches.empty());
   }
 }
 
