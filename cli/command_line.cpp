@@ -148,6 +148,7 @@ struct ToolDefinition {
   CLI::App* parse = nullptr;
   CLI::App* call = nullptr;
   CLI::App* lint = nullptr;
+  CLI::App* capture = nullptr;
   GlobalOptions rootOptions, callOptions, tailOptions;  // before NAME of call, between call and NAME, after NAME
 };
 
@@ -182,6 +183,11 @@ void Define(ToolDefinition& tool, CommandLine& line) {
   tool.lint->add_flag("--json", line.lint.bJson, "print one JSON object with the findings and a summary");
   AddEncodingOption(*tool.lint, line.lint.encoding);
   tool.lint->add_option("FILE", line.lint.paths, "lesson files");
+
+  tool.capture = tool.app.add_subcommand(
+      "capture-windows", "write the live window tree of the running Photoshop (its main frame, the windows it owns "
+                         "and its other top-level windows) as a recorded tree, for --windows; Windows only");
+  tool.capture->add_option("FILE", line.capture.path, "where to write the tree; - or none: standard output");
 }
 
 // The words that `call` left: NAME, then the export's arguments among which our options may stand.
@@ -219,6 +225,7 @@ std::optional<int> ReadCommandLine(const std::vector<std::string>& args, Command
   if (tool.parse->parsed()) line.command = CommandLine::Command::kParse;
   else if (tool.call->parsed()) line.command = CommandLine::Command::kCall;
   else if (tool.lint->parsed()) line.command = CommandLine::Command::kLint;
+  else if (tool.capture->parsed()) line.command = CommandLine::Command::kCaptureWindows;
   else {
     message = tool.app.help();
     return 2;
@@ -248,6 +255,7 @@ int RunCommand(const CommandLine& line) {
     case CommandLine::Command::kParse: return RunParseCommand(line.parse);
     case CommandLine::Command::kCall: return RunCallCommand(line.call);
     case CommandLine::Command::kLint: return RunLintCommand(line.lint);
+    case CommandLine::Command::kCaptureWindows: return RunCaptureCommand(line.capture);
   }
   return 2;
 }

@@ -1,4 +1,5 @@
-// The command line of the ostrel tool, read with CLI11: the subcommands parse, call and lint, and the options
+// The command line of the ostrel tool, read with CLI11: the subcommands parse, call, lint and capture-windows, and
+// the options
 // that every command takes before or after its name.
 #pragma once
 
@@ -12,11 +13,12 @@
 namespace ostrel::cli {
 
 struct CommandLine {
-  enum class Command { kParse, kCall, kLint };
+  enum class Command { kParse, kCall, kLint, kCaptureWindows };
   Command command = Command::kParse;
   ParseOptions parse;
   CallOptions call;  // also holds --count-calls
   LintOptions lint;
+  CaptureOptions capture;
   std::map<int, std::wstring> params;    // --param KEY=VALUE; a key given twice keeps its last value
   std::optional<std::string> photoshop;  // --photoshop SCENARIO.json
   std::optional<std::string> windows;    // --windows TREE.json

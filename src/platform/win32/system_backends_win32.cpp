@@ -1,5 +1,5 @@
-// The Windows backends: COM automation, the system's code page 936 converter, ini files through the profile
-// functions, the registry, the local clock and the well-known folders.
+// The Windows backends: COM automation, the live window tree, the system's code page 936 converter, ini files
+// through the profile functions, the registry, the local clock and the well-known folders.
 #include <windows.h>
 
 #include <shlobj.h>
@@ -15,6 +15,7 @@
 #include "platform/system_backends.h"
 #include "platform/win32/com_automation.h"
 #include "platform/win32/holders.h"
+#include "platform/win32/win32_windows.h"
 
 namespace ostrel::win32 {
 namespace {
@@ -266,12 +267,14 @@ namespace ostrel {
 
 void InstallSystemBackends(Platform& platform) {
   static win32::ComAutomation automation;
+  static win32::Win32WindowTree windows;
   static win32::Win32Encoding encoding;
   static win32::Win32FileSystem files;
   static win32::ProfileIniStore ini;
   static win32::Win32Registry registry;
   static win32::Win32Clock clock;
   platform.automation = &automation;
+  platform.windows = &windows;
   platform.encoding = &encoding;
   platform.files = &files;
   platform.ini = &ini;
