@@ -104,7 +104,9 @@ std::string GeneratedDocument(const DocumentShape& shape) {
     if (!nodes[n].group) artIds.push_back(nodes[n].overrides["layerID"].get<int>());
   }
   const int selection = static_cast<int>(random() % 10);
-  if (selection == 0) {
+  if (!shape.randomSelection) {
+    // the simulator's default selection
+  } else if (selection == 0) {
     document["selectedLayers"] = nullptr;
   } else if (selection < 7 && !artIds.empty()) {
     Json selected = Json::array();

@@ -13,6 +13,7 @@ struct DocumentShape {
   int groups = 2;         // of them, layer sets
   bool background = true;
   uint32_t seed = 1;
+  bool randomSelection = true;  // false: the simulator's own (the top layer), so that every list read succeeds
 };
 
 // The scenario's JSON text; its "realdata/..." names are read from examples/photoshop/.
