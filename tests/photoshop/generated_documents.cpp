@@ -67,9 +67,9 @@ std::string GeneratedDocument(const DocumentShape& shape) {
     group.group = true;
     group.file = kGroupDescriptor;
     group.overrides = Json{{"name", kNames[pick(std::size(kNames))]}, {"layerID", nextId++}};
-    if (chance(15)) group.overrides["mode"] = Mode("normal");  // a group that doesn't pass through
+    if (chance(30)) group.overrides["mode"] = Mode("normal");  // a group that doesn't pass through
     if (chance(30)) group.overrides["visible"] = false;
-    group.endPassesThrough = chance(10);
+    group.endPassesThrough = chance(30);
     nodes.push_back(group);
     const int parent = static_cast<int>(pick(nodes.size() - 1));
     nodes[static_cast<size_t>(parent)].children.push_back(static_cast<int>(nodes.size() - 1));
@@ -85,7 +85,7 @@ std::string GeneratedDocument(const DocumentShape& shape) {
     if (chance(15)) layer.overrides["group"] = true;  // clipped to the layer below
     nodes.push_back(layer);
     const size_t groupsAndTop = static_cast<size_t>(shape.groups) + 1;
-    const int parent = chance(30) ? 0 : static_cast<int>(pick(groupsAndTop));
+    const int parent = chance(25) ? 0 : static_cast<int>(pick(groupsAndTop));
     auto& children = nodes[static_cast<size_t>(parent)].children;
     children.insert(children.begin() + static_cast<long>(pick(children.size() + 1)), static_cast<int>(nodes.size() - 1));
   }

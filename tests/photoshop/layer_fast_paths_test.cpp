@@ -98,8 +98,8 @@ std::vector<Document> Documents() {
   for (const char* file : {"nested_groups.json", "layers_and_group.json", "only_130.json", "menus_zh.json"}) {
     documents.push_back({file, sim::LoadScenarioFile(test::ExamplesDir() / file)});
   }
-  for (uint32_t seed = 1; seed <= 8; ++seed) {
-    const test::DocumentShape shape{.layers = 5 + static_cast<int>(seed % 4) * 2, .groups = 1 + static_cast<int>(seed % 4),
+  for (uint32_t seed = 1; seed <= 12; ++seed) {
+    const test::DocumentShape shape{.layers = 6 + static_cast<int>(seed % 4) * 2, .groups = 2 + static_cast<int>(seed % 3),
                                     .background = seed % 3 != 0, .seed = seed};
     documents.push_back({"generated seed " + std::to_string(seed),
                          sim::ParseScenario(test::GeneratedDocument(shape), test::ExamplesDir(), "generated.json")});
