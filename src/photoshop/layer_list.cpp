@@ -166,6 +166,19 @@ const tagLayerInfo* RecordWithIndex(const std::vector<tagLayerInfo>& layers, int
 
 // ---- The faster paths ------------------------------------------------------------------------------------------
 
+// A read that the first form of the question made through another export (Ostrel_LayerIDToIndex,
+// Ostrel_LayerIDToName): a failure gives that export's default, counted as an inner failure absorbed, and the
+// question goes on with it.
+template <class T, class Read>
+T OrInnerDefault(T innerDefault, Read&& read) {
+  try {
+    return read();
+  } catch (...) {
+    ++t_innerFailuresAbsorbed;
+    return innerDefault;
+  }
+}
+
 // One question's reads of single keys of layers by id. Each type id is asked of Photoshop at its first use in the
 // question and kept for the question only, and no read makes a descriptor that only holds its answer.
 class LayerKeyReads {
@@ -191,6 +204,23 @@ class LayerKeyReads {
     std::wstring text;
     return KeyText(desc, key, am::GetType(desc, key), text) ? WToI(text) : 1;
   }
+  // Ostrel_IsLayerGroup of the index, connected: 1 if the layer at the index passes through. A failed read gives
+  // 0, that export's failure default, as an absorbed failure. The document's background test is read once per
+  // question (again after a failed reading).
+  int PassesThrough(int index) {
+    return OrInnerDefault(0, [&] {
+      if (!m_hasBackground) {
+        const COleDispatchDriver document = am::ReadCurrentDocument(L"hasBackgroundLayer", am::IdForm::kChar);
+        m_hasBackground = am::GetBoolean(document, am::StringId(L"hasBackgroundLayer"));
+      }
+      const int32_t mode = Id(m_mode, L"mode");
+      const COleDispatchDriver ref = am::NewReference();
+      am::PutProperty(ref, Id(m_property, L"property"), mode);
+      am::PutIndex(ref, Layer(), *m_hasBackground ? index - 1 : index);
+      const COleDispatchDriver layer = am::ExecuteActionGet(ref);
+      return am::TypeIdToStringId(am::GetEnumerationValue(layer, mode)) == kPassThrough ? 1 : 0;
+    });
+  }
 
  private:
   static int32_t Id(std::optional<int32_t>& slot, std::wstring_view stringId) {
@@ -208,21 +238,9 @@ class LayerKeyReads {
     return am::ExecuteActionGet(ref);
   }
 
-  std::optional<int32_t> m_layer, m_property, m_itemIndex, m_name, m_visible;
+  std::optional<int32_t> m_layer, m_property, m_itemIndex, m_name, m_visible, m_mode;
+  std::optional<bool> m_hasBackground;
 };
-
-// A read that the first form of the question made through another export (Ostrel_LayerIDToIndex,
-// Ostrel_LayerIDToName): a failure gives that export's default, counted as an inner failure absorbed, and the
-// question goes on with it.
-template <class T, class Read>
-T OrInnerDefault(T innerDefault, Read&& read) {
-  try {
-    return read();
-  } catch (...) {
-    ++t_innerFailuresAbsorbed;
-    return innerDefault;
-  }
-}
 
 // The layer list with each record's nIndex as Ostrel_GetLayerInfo fills it, and nothing where Ostrel_GetLayerInfo
 // gives 0: a record without an id, no selection, or a selected index that no record has. selected, when given,
@@ -488,7 +506,7 @@ int EnclosingLayerGroup(int index) {
   // A group is a place at a lower depth than the layer (or no record's, as a group's end) that passes through;
   // the depth is known without a call, so the group test is asked only where it decides.
   for (int candidate = index; candidate <= last; ++candidate) {
-    if (depthAt(candidate) < depth && Ostrel_IsLayerGroup(candidate) != 0) return candidate;
+    if (depthAt(candidate) < depth && reads.PassesThrough(candidate) != 0) return candidate;
   }
   return -1;
 }
