@@ -435,15 +435,14 @@ std::wstring LayerIdToName(int id) {
 }
 
 int LayerNameToIndex(const std::wstring& name) {
-  // No layer has an empty name (Photoshop gives a layer renamed to nothing its old name back), and a name read
-  // that failed comes back empty: an empty name must not find that layer, so it finds none.
-  if (name.empty()) return -1;
   std::vector<tagLayerInfo> layers;
   ReadLayerIds(layers);
   LayerKeyReads reads;
   for (const tagLayerInfo& record : layers) {
+    // No layer has an empty name (Photoshop gives a layer renamed to nothing its old name back), and a name read
+    // that failed comes back empty: an empty name must not find that layer.
     const std::wstring read = OrInnerDefault(std::wstring(), [&] { return reads.Name(record.nID); });
-    if (read == name) return OrInnerDefault(-1, [&] { return reads.ItemIndex(record.nID); });
+    if (!read.empty() && read == name) return OrInnerDefault(-1, [&] { return reads.ItemIndex(record.nID); });
   }
   return -1;
 }
@@ -537,8 +536,6 @@ int TopLayerIndex() {
 }
 
 int LayerIndexOffset(int index, int offset) {
-  // A step of 0 lands nowhere, whatever the stack.
-  if (offset == 0) return -1;
   std::vector<tagLayerInfo> layers;
   ReadLayerIds(layers);
   LayerKeyReads reads;
