@@ -4,11 +4,22 @@
 // An index is Photoshop's itemIndex. Photoshop's putIndex counts from the background, which is place 0 when the
 // document has one, so every by-index read asks for the background first and then reads place index - 1. Nothing
 // is subtracted on the way back, and the selected layers' references give their place + 1 with no test.
+//
+// The questions that need one number of each layer (an index, a name, the eye) read that one key of each layer
+// instead of walking every key of every layer, and ask each type id once per question. Such a read gives what the
+// key walk would leave in the record wherever the key stands only at the top of a layer's descriptor: "itemIndex",
+// "visible" and "name" do in every real layer descriptor (examples/photoshop/realdata); keys that nested
+// descriptors repeat ("opacity", "mode" in every effect, "name" in a gradient) are read by no faster path. Where a
+// question answered from another export went on with that export's default after a failure, the faster path
+// does the same and counts the failure as absorbed. tests/photoshop/layer_reference.cpp keeps the questions as
+// first written, and layer_fast_paths_test.cpp compares the two export by export.
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "frame/connection.h"
 #include "frame/dispids.h"
+#include "frame/guard.h"
 #include "photoshop/action_manager.h"
 #include "ostrel/documents.h"
 #include "photoshop/layer_list.h"
@@ -153,6 +164,115 @@ const tagLayerInfo* RecordWithIndex(const std::vector<tagLayerInfo>& layers, int
   return found == layers.end() ? nullptr : &*found;
 }
 
+// ---- The faster paths ------------------------------------------------------------------------------------------
+
+// A read that the first form of the question made through another export (Ostrel_LayerIDToIndex,
+// Ostrel_LayerIDToName): a failure gives that export's default, counted as an inner failure absorbed, and the
+// question goes on with it.
+template <class T, class Read>
+T OrInnerDefault(T innerDefault, Read&& read) {
+  try {
+    return read();
+  } catch (...) {
+    ++t_innerFailuresAbsorbed;
+    return innerDefault;
+  }
+}
+
+// One question's reads of single keys of layers by id. Each type id is asked of Photoshop at its first use in the
+// question and kept for the question only, and no read makes a descriptor that only holds its answer.
+class LayerKeyReads {
+ public:
+  // putProperty(property, itemIndex), putIdentifier(Lyr , id), getInteger: Ostrel_LayerIDToIndex's read.
+  int32_t ItemIndex(int32_t layerId) {
+    const int32_t key = Id(m_itemIndex, L"itemIndex");
+    return am::GetInteger(ReadKey(layerId, key), key);
+  }
+  // The layer's own name: what Ostrel_LayerIDToName reads from the whole descriptor.
+  std::wstring Name(int32_t layerId) {
+    const int32_t key = Id(m_name, L"name");
+    return am::GetString(ReadKey(layerId, key), key);
+  }
+  // The eye as the key walk leaves it in a record: the key's text as a whole number, 1 (a fresh record's) when
+  // the descriptor has no such key or one of a type without text.
+  int Visible(int32_t layerId) {
+    const COleDispatchDriver ref = am::NewReference();
+    am::PutIdentifier(ref, Layer(), layerId);
+    const COleDispatchDriver desc = am::ExecuteActionGet(ref);
+    const int32_t key = Id(m_visible, L"visible");
+    if (!am::HasKey(desc, key)) return 1;
+    std::wstring text;
+    return KeyText(desc, key, am::GetType(desc, key), text) ? WToI(text) : 1;
+  }
+  // Ostrel_IsLayerGroup of the index, connected: 1 if the layer at the index passes through. A failed read gives
+  // 0, that export's failure default, as an absorbed failure. The document's background test is read once per
+  // question (again after a failed reading).
+  int PassesThrough(int index) {
+    return OrInnerDefault(0, [&] {
+      if (!m_hasBackground) {
+        const COleDispatchDriver document = am::ReadCurrentDocument(L"hasBackgroundLayer", am::IdForm::kChar);
+        m_hasBackground = am::GetBoolean(document, am::StringId(L"hasBackgroundLayer"));
+      }
+      const int32_t mode = Id(m_mode, L"mode");
+      const COleDispatchDriver ref = am::NewReference();
+      am::PutProperty(ref, Id(m_property, L"property"), mode);
+      am::PutIndex(ref, Layer(), *m_hasBackground ? index - 1 : index);
+      const COleDispatchDriver layer = am::ExecuteActionGet(ref);
+      return am::TypeIdToStringId(am::GetEnumerationValue(layer, mode)) == kPassThrough ? 1 : 0;
+    });
+  }
+
+ private:
+  static int32_t Id(std::optional<int32_t>& slot, std::wstring_view stringId) {
+    if (!slot) slot = am::StringId(stringId);
+    return *slot;
+  }
+  int32_t Layer() {
+    if (!m_layer) m_layer = am::CharId(L"Lyr ");
+    return *m_layer;
+  }
+  COleDispatchDriver ReadKey(int32_t layerId, int32_t key) {
+    const COleDispatchDriver ref = am::NewReference();
+    am::PutProperty(ref, Id(m_property, L"property"), key);
+    am::PutIdentifier(ref, Layer(), layerId);
+    return am::ExecuteActionGet(ref);
+  }
+
+  std::optional<int32_t> m_layer, m_property, m_itemIndex, m_name, m_visible, m_mode;
+  std::optional<bool> m_hasBackground;
+};
+
+// The layer list with each record's nIndex as Ostrel_GetLayerInfo fills it, and nothing where Ostrel_GetLayerInfo
+// gives 0: a record without an id, no selection, or a selected index that no record has. selected, when given,
+// is the selection already read by the caller.
+std::optional<std::vector<tagLayerInfo>> IndexedLayers(LayerKeyReads& reads,
+                                                       std::optional<std::vector<int>> selected = std::nullopt) {
+  std::vector<tagLayerInfo> layers;
+  ReadLayerIds(layers);
+  for (tagLayerInfo& record : layers) {
+    if (record.nID < 1) return std::nullopt;
+    record.nIndex = reads.ItemIndex(record.nID);
+  }
+  if (!selected) {
+    selected.emplace();
+    if (ReadSelectedLayerIndexes(*selected) == 0) return std::nullopt;
+  }
+  for (const int index : *selected) {
+    if (RecordWithIndex(layers, index) == nullptr) return std::nullopt;
+  }
+  return layers;
+}
+
+// Every record's index as Ostrel_LayerIDToIndex gives it, -1 for a record whose read failed.
+std::vector<int> ListedIndexes(LayerKeyReads& reads, const std::vector<tagLayerInfo>& layers) {
+  std::vector<int> indexes;
+  indexes.reserve(layers.size());
+  for (const tagLayerInfo& record : layers) {
+    indexes.push_back(OrInnerDefault(-1, [&] { return reads.ItemIndex(record.nID); }));
+  }
+  return indexes;
+}
+
 // ---- The object model's blend numbers --------------------------------------------------------------------------
 
 // blendMode 1 to 30 of the object model, in its order, as layer blend numbers (-1: no layer blend).
@@ -257,14 +377,11 @@ int ReadSelectedLayerIndexes(std::vector<int>& indexes) {
 int ReadSelectedLayerIds(std::vector<int>& ids) {
   ids.clear();
   std::vector<int> indexes;
-  if (Ostrel_GetSelectLayerIndex(indexes) == 0) return 0;
-  std::vector<tagLayerInfo> layers;
-  if (Ostrel_GetLayerInfo(layers) == 0) return 0;
-  for (const int index : indexes) {
-    const tagLayerInfo* record = RecordWithIndex(layers, index);
-    if (record == nullptr) return 0;
-    ids.push_back(record->nID);
-  }
+  if (ReadSelectedLayerIndexes(indexes) == 0) return 0;
+  LayerKeyReads reads;
+  const std::optional<std::vector<tagLayerInfo>> layers = IndexedLayers(reads, indexes);
+  if (!layers) return 0;
+  for (const int index : indexes) ids.push_back(RecordWithIndex(*layers, index)->nID);  // each has its record
   return 1;
 }
 
@@ -319,21 +436,28 @@ std::wstring LayerIdToName(int id) {
 
 int LayerNameToIndex(const std::wstring& name) {
   std::vector<tagLayerInfo> layers;
-  Ostrel_GetLayerID(layers);
+  ReadLayerIds(layers);
+  LayerKeyReads reads;
   for (const tagLayerInfo& record : layers) {
     // No layer has an empty name (Photoshop gives a layer renamed to nothing its old name back), and a name read
     // that failed comes back empty: an empty name must not find that layer.
-    const std::wstring read = Ostrel_LayerIDToName(record.nID);
-    if (!read.empty() && read == name) return Ostrel_LayerIDToIndex(record.nID);
+    const std::wstring read = OrInnerDefault(std::wstring(), [&] { return reads.Name(record.nID); });
+    if (!read.empty() && read == name) return OrInnerDefault(-1, [&] { return reads.ItemIndex(record.nID); });
   }
   return -1;
 }
 
 int IsLayerVisible(int index) {
+  // The first record with the index, in the list's order: the records after it need no read.
   std::vector<tagLayerInfo> layers;
-  Ostrel_GetLayerInfo(layers);
-  const tagLayerInfo* record = RecordWithIndex(layers, index);
-  return record != nullptr ? record->bVisible : 0;
+  ReadLayerIds(layers);
+  LayerKeyReads reads;
+  for (const tagLayerInfo& record : layers) {
+    // The full read stops at a record without an id and leaves it and every later record fresh: index -1, eye 1.
+    if (record.nID < 1) return index == -1 ? 1 : 0;
+    if (reads.ItemIndex(record.nID) == index) return reads.Visible(record.nID);
+  }
+  return 0;
 }
 
 int IsLayerGroup(int index) {
@@ -353,21 +477,37 @@ EnSheetKind LayerSheetKind(int index) {
 int IsLayerSmart(int index) { return Ostrel_GetLayerSheetKind(index) == 5 ? 1 : 0; }
 
 int LayerGroupHierarchy(int index) {
-  std::vector<tagLayerInfo> layers;
-  if (Ostrel_GetLayerInfo(layers) == 0) return -1;
-  const tagLayerInfo* record = RecordWithIndex(layers, index);
+  LayerKeyReads reads;
+  const std::optional<std::vector<tagLayerInfo>> layers = IndexedLayers(reads);
+  if (!layers) return -1;
+  const tagLayerInfo* record = RecordWithIndex(*layers, index);
   return record != nullptr ? record->nHierarchy : -1;
 }
 
 int EnclosingLayerGroup(int index) {
-  const int depth = Ostrel_GetLayerGroupHierarchy(index);
+  // The list is read once: the depth of every index tried is that of the one read (each reading of it would give
+  // the same list), -1 for an index that no record has, as where the list can't be read whole.
+  LayerKeyReads reads;
+  const std::optional<std::vector<tagLayerInfo>> layers = IndexedLayers(reads);
+  const auto depthAt = [&](int at) {
+    const tagLayerInfo* record = layers ? RecordWithIndex(*layers, at) : nullptr;
+    return record != nullptr ? record->nHierarchy : -1;
+  };
+  const int depth = depthAt(index);
   // A layer at the top has no group. A layer whose depth can't be read has none either: no depth read on the way
   // up could be below -1, so the search would only end at its bound.
   if (depth <= 0 || index >= kGroupSearchBound) return -1;
-  for (int candidate = index;;) {
-    if (Ostrel_IsLayerGroup(candidate) != 0 && Ostrel_GetLayerGroupHierarchy(candidate) < depth) return candidate;
-    if (++candidate >= kGroupSearchBound) return -1;
+  // No place above the top index holds a layer (a group's end lies below the group's own place), so the group
+  // test, a read by index, fails there and gives 0: the search ends at the top.
+  int top = -1;
+  for (const tagLayerInfo& record : *layers) top = std::max(top, record.nIndex);
+  const int last = std::min(top, kGroupSearchBound - 1);
+  // A group is a place at a lower depth than the layer (or no record's, as a group's end) that passes through;
+  // the depth is known without a call, so the group test is asked only where it decides.
+  for (int candidate = index; candidate <= last; ++candidate) {
+    if (depthAt(candidate) < depth && reads.PassesThrough(candidate) != 0) return candidate;
   }
+  return -1;
 }
 
 int IsActiveLayerEmpty() {
@@ -388,28 +528,24 @@ int HasBackgroundLayer() {
 
 int TopLayerIndex() {
   std::vector<tagLayerInfo> layers;
-  if (Ostrel_GetLayerID(layers) == 0 || layers.empty()) return -1;
-  int top = -1;
-  for (const tagLayerInfo& record : layers) top = std::max(top, Ostrel_LayerIDToIndex(record.nID));
-  return top;
+  ReadLayerIds(layers);
+  if (layers.empty()) return -1;
+  LayerKeyReads reads;
+  const std::vector<int> indexes = ListedIndexes(reads, layers);
+  return *std::max_element(indexes.begin(), indexes.end());
 }
 
 int LayerIndexOffset(int index, int offset) {
   std::vector<tagLayerInfo> layers;
-  Ostrel_GetLayerID(layers);  // after a failure the steps go on with the records read
-  for (tagLayerInfo& record : layers) record.nIndex = Ostrel_LayerIDToIndex(record.nID);
-  for (size_t i = 0; i < layers.size(); ++i) {  // an exchange sort, rising by index
-    for (size_t j = i + 1; j < layers.size(); ++j) {
-      if (layers[i].nIndex > layers[j].nIndex) std::swap(layers[i], layers[j]);
-    }
-  }
-  const long long count = static_cast<long long>(layers.size());
+  ReadLayerIds(layers);
+  LayerKeyReads reads;
+  std::vector<int> indexes = ListedIndexes(reads, layers);
+  std::sort(indexes.begin(), indexes.end());  // only the indexes are given out, so equal ones may go in any order
+  const long long count = static_cast<long long>(indexes.size());
   for (long long place = 0; place < count; ++place) {
-    if (layers[static_cast<size_t>(place)].nIndex != index) continue;
+    if (indexes[static_cast<size_t>(place)] != index) continue;
     const long long target = place + offset;
-    if ((offset > 0 && target < count) || (offset < 0 && target >= 0)) {
-      return layers[static_cast<size_t>(target)].nIndex;
-    }
+    if ((offset > 0 && target < count) || (offset < 0 && target >= 0)) return indexes[static_cast<size_t>(target)];
   }
   return -1;
 }

@@ -2,7 +2,8 @@
 // connected, under the connection's lock (the export boundary sees to both); a failed call throws to the boundary,
 // which gives the export's default. Where one question is answered from another ("the list of layers", "the
 // background test"), the body asks the other export itself, so that a failure inside it gives that export's
-// default and the question goes on as it would with that answer.
+// default and the question goes on as it would with that answer; the faster paths of the questions that need one
+// number of each layer read those keys themselves and count such a failure as the boundary counts it.
 #pragma once
 
 #include <string>

@@ -314,6 +314,20 @@ std::wstring FormatArgs(std::wstring_view pattern, const FormatArg* args, size_t
       continue;
     }
     const FormatArg* arg = next < count ? &args[next++] : nullptr;
+    // The conversions of nearly every sentence, a plain %s of a text and a plain %d, go straight into the
+    // output: no flag, width or precision can change them.
+    const bool plain = want.width == 0 && want.precision < 0 && !want.plus && !want.blank && !want.alternate;
+    if (plain && arg && want.conversion == L's' && arg->kind() == FormatArg::Kind::kText) {
+      out += arg->AsText();
+      continue;
+    }
+    if (plain && want.conversion == L'd') {
+      char digits[24];
+      const auto [end, ec] = std::to_chars(digits, digits + sizeof digits, arg ? arg->AsInt() : 0);
+      (void)ec;
+      out.append(digits, end);
+      continue;
+    }
     switch (want.conversion) {
       case L'd': case L'i': case L'u': case L'x': case L'X': case L'o':
         AppendPadded(out, want, FormatInteger(want, arg ? arg->AsInt() : 0), true);

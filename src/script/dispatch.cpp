@@ -1,5 +1,6 @@
 // The dispatcher: the keyword of item 0 picks one row parser, tested in a fixed order.
 #include <iterator>
+#include <string_view>
 
 #include "script/row_helpers.h"
 #include "script/rows.h"
@@ -8,7 +9,7 @@ namespace ostrel {
 namespace {
 
 struct KeywordRow {
-  const wchar_t* keyword;
+  std::wstring_view keyword;  // a view, so that a comparison with another length ends at the lengths
   RowParser parse;
 };
 

@@ -2,6 +2,10 @@
 // menu positions of four option menus, with their exported lookups.
 #include "vocabulary/dialog_names.h"
 
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
 #include "ostrel/filters.h"
 
 namespace ostrel {
@@ -29,6 +33,21 @@ const RefineEdgeRow* FindRefineEdge(int control) noexcept {
   return nullptr;
 }
 
+// The rows ordered by list and number, each number's first row first: a name is found by a binary search, as the
+// filter gallery's window test asks for a thousand numbers at each call. Built once, on the first lookup.
+const std::vector<const ListedName<DialogList>*>& RowsByNumber() {
+  static const std::vector<const ListedName<DialogList>*> rows = [] {
+    std::vector<const ListedName<DialogList>*> sorted;
+    sorted.reserve(std::size(kDialogNameRows));
+    for (const ListedName<DialogList>& row : kDialogNameRows) sorted.push_back(&row);
+    std::stable_sort(sorted.begin(), sorted.end(), [](const auto* a, const auto* b) {
+      return std::tie(a->list, a->nNumber) < std::tie(b->list, b->nNumber);
+    });
+    return sorted;
+  }();
+  return rows;
+}
+
 }  // namespace
 
 std::span<const ListedName<DialogList>> DialogNameRows() noexcept { return kDialogNameRows; }
@@ -36,7 +55,12 @@ std::span<const RefineEdgeRow> RefineEdgeRows() noexcept { return kRefineEdgeRow
 std::span<const MenuPositionRow> MenuPositionRows() noexcept { return kMenuPositionRows; }
 
 std::wstring DialogName(DialogList list, int number) {
-  return NameInList<DialogList>(kDialogNameRows, list, number);
+  const auto& rows = RowsByNumber();
+  const auto found = std::lower_bound(rows.begin(), rows.end(), std::tuple(list, number), [](const auto* row, const auto& key) {
+    return std::tie(row->list, row->nNumber) < key;
+  });
+  if (found == rows.end() || (*found)->list != list || (*found)->nNumber != number) return {};
+  return std::wstring((*found)->strName);
 }
 
 int DialogNumber(DialogList list, std::wstring_view name) noexcept {

@@ -1,21 +1,26 @@
 cmake_minimum_required(VERSION 3.25)
 # Checks that the README's table of automation calls per export is what TOOL gives now on the SCENARIOS (a list),
-# so that a change in the calls shows in the README: ./dev calls-table rewrites it.
+# so that a change in the calls shows in the README: ./dev calls-table rewrites it. MARKER names the table's
+# markers (calls-table by default; layer-calls-table for the layer questions' table).
+if(NOT MARKER)
+  set(MARKER calls-table)
+endif()
 execute_process(COMMAND ${TOOL} ${SCENARIOS} WORKING_DIRECTORY ${SOURCE_DIR} OUTPUT_VARIABLE table
   RESULT_VARIABLE rc)
 if(rc)
   message(FATAL_ERROR "${TOOL} failed (${rc})")
 endif()
 file(READ ${SOURCE_DIR}/README.md readme)
-string(FIND "${readme}" "<!-- calls-table:begin -->\n" begin)
-string(FIND "${readme}" "<!-- calls-table:end -->" end)
+string(FIND "${readme}" "<!-- ${MARKER}:begin -->\n" begin)
+string(FIND "${readme}" "<!-- ${MARKER}:end -->" end)
 if(begin EQUAL -1 OR end EQUAL -1)
   message(FATAL_ERROR "README.md has no calls table markers")
 endif()
-math(EXPR begin "${begin} + 27")
+string(LENGTH "<!-- ${MARKER}:begin -->\n" marker_length)
+math(EXPR begin "${begin} + ${marker_length}")
 math(EXPR length "${end} - ${begin}")
 string(SUBSTRING "${readme}" ${begin} ${length} written)
 if(NOT written STREQUAL table)
-  message(FATAL_ERROR "README.md's calls table is out of date: run ./dev calls-table\nnow:\n${table}")
+  message(FATAL_ERROR "README.md's ${MARKER} is out of date: run ./dev calls-table\nnow:\n${table}")
 endif()
 message(STATUS "README.md's calls table is up to date")

@@ -85,6 +85,20 @@ TEST(FilterGallery, NamesRoundTripAndCompareWhole) {
   EXPECT_EQ(Ostrel_FilterGalleryNameToEnum(L""), -1);
 }
 
+// The lookup by number searches an index of the rows; it gives what a walk of the rows from the first gives, for
+// every list and every number a lesson or a window test can ask.
+TEST(DialogNames, TheIndexedLookupGivesTheFirstRowOfTheNumber) {
+  std::set<DialogList> lists;
+  for (const auto& row : DialogNameRows()) lists.insert(row.list);
+  for (const DialogList list : lists) {
+    for (int number = -2; number <= 1100; ++number) {
+      EXPECT_EQ(DialogName(list, number), NameInList<DialogList>(DialogNameRows(), list, number))
+          << static_cast<int>(list) << " " << number;
+    }
+  }
+  EXPECT_EQ(Ostrel_FilterGalleryToName(EnFilterGallery{200}), L"纹理");
+}
+
 TEST(RefineEdge, ControlsCountFromZeroAndLieInSections) {
   ASSERT_EQ(RefineEdgeRows().size(), 20u);
   for (size_t i = 0; i < RefineEdgeRows().size(); ++i) EXPECT_EQ(RefineEdgeRows()[i].nControl, static_cast<int>(i));
