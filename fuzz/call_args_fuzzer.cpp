@@ -54,8 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     Ostrel_UnInit();
   }
-  // Host parameters that a call may have set go back to the environment's, so that no input changes the next.
-  for (const int key : {24, 25, 33, 53, 66}) Ostrel_SetParameter(key, nullptr);
+  ostrel::fuzz::ResetHostParameters();  // whatever a call set, so that no input changes the next
   if (photoshop && photoshop->LiveObjects() != 0) ostrel::fuzz::Broken("a simulated object left alive");
   return 0;
 }

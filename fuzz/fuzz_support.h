@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -20,13 +21,28 @@ inline std::string_view Bytes(const uint8_t* data, size_t size) {
 // The bytes as UTF-8 text (a broken sequence becomes U+FFFD, as the library never sees one from the CLI).
 inline std::wstring Text(std::string_view bytes) { return FromUtf8(bytes); }
 
-// The daily log of a connection goes to a folder of the system's temporary directory, never the working one,
-// and the tables are built once: every harness starts from an initialized library, as a lesson player does.
-inline void InitLibraryOnce() {
-  static const bool done = [] {
+// The folder that the daily log of a connection goes to: one of the system's temporary directory, never the
+// working one.
+inline const std::wstring& LogFolder() {
+  static const std::wstring folder = [] {
     const std::filesystem::path logs = std::filesystem::temp_directory_path() / "ostrel-fuzz" / "";
     std::filesystem::create_directories(logs);
-    setenv("OSTREL_TALLY_33", logs.string().c_str(), 1);
+    return FromUtf8(logs.string());
+  }();
+  return folder;
+}
+
+// The host parameters as every input starts with them: the log folder above and no other key, whatever a call of
+// the input set.
+inline void ResetHostParameters() {
+  Ostrel_SetParameter(33, LogFolder().c_str());
+  for (const int key : {24, 25, 53, 66}) Ostrel_SetParameter(key, nullptr);
+}
+
+// The tables are built once: every harness starts from an initialized library, as a lesson player does.
+inline void InitLibraryOnce() {
+  static const bool done = [] {
+    ResetHostParameters();
     Ostrel_Init();
     return true;
   }();
