@@ -76,6 +76,19 @@ Json ParseJson(std::string_view text, const std::string& source) {
     if (auto colon = detail.find(": ", detail.find("column")); colon != std::string::npos) detail = detail.substr(colon + 2);
     throw ScenarioError(source + ":" + std::to_string(line) + ":" + std::to_string(column) + ": JSON syntax error: " +
                         detail);
+  } catch (const Json::out_of_range& e) {
+    // A number beyond a double (1e999): the reader names the number but not its place, so the first place where
+    // that text stands is given.
+    const std::string detail = e.what();
+    const size_t quote = detail.find('\'');
+    const std::string number = quote == std::string::npos ? "" : detail.substr(quote + 1, detail.rfind('\'') - quote - 1);
+    const size_t at = number.empty() ? std::string_view::npos : text.find(number);
+    std::string place = source;
+    if (at != std::string_view::npos) {
+      const auto [line, column] = LineColumn(text, at + 1);
+      place += ":" + std::to_string(line) + ":" + std::to_string(column);
+    }
+    throw ScenarioError(place + ": JSON number out of range: " + number);
   }
 }
 

@@ -153,6 +153,7 @@ TEST_F(BadInputTest, ScenarioWithEachKindOfMistakeNamesThePlace) {
        "cannot read the descriptor file"},
       {"DescriptorFileIsAFolder", R"({"documents": [{"descriptor": "."}]})", "cannot read the descriptor file"},
       {"Empty", "", ".json:1:1: JSON syntax error"},
+      {"NumberOutOfRange", "{\n  \"versions\": [1e999]\n}", ".json:2:16: JSON number out of range: 1e999"},
   };
   for (const ScenarioMistake& mistake : mistakes) {
     SCOPED_TRACE(mistake.name);
