@@ -5,6 +5,7 @@
 
 #include "platform/text.h"
 #include "simulator/action_get.h"
+#include "simulator/resets.h"
 #include "simulator/value_json.h"
 
 namespace ostrel::sim {
@@ -26,13 +27,6 @@ constexpr PanelToggle kPanelToggles[] = {
     {L"toggleChannelsPalette", L"channels"},
     {L"togglePathsPalette", L"paths"},
 };
-
-bool IsKnownTool(const Session& session, const std::wstring& toolId) {
-  if (toolId.empty()) return false;
-  if (session.state.app.toolOptions.count(toolId)) return true;
-  return std::any_of(std::begin(kKnownTools), std::end(kKnownTools),
-                     [&](const char* known) { return FromUtf8(known) == toolId; });
-}
 
 const RefElement* TargetOf(const std::optional<Descriptor>& descriptor) {
   if (!descriptor) return nullptr;
@@ -122,6 +116,13 @@ Descriptor UiInfo(Session& session, const std::optional<Descriptor>& descriptor)
 
 }  // namespace
 
+bool IsKnownTool(const Session& session, const std::wstring& toolId) {
+  if (toolId.empty()) return false;
+  if (session.state.app.toolOptions.count(toolId)) return true;
+  return std::any_of(std::begin(kKnownTools), std::end(kKnownTools),
+                     [&](const char* known) { return FromUtf8(known) == toolId; });
+}
+
 void SelectTool(Session& session, const std::wstring& toolId) {
   if (!IsKnownTool(session, toolId)) ThrowGeneralError(L"The tool \u201c" + toolId + L"\u201d is not available.");
   ApplicationState& app = session.state.app;
@@ -169,6 +170,10 @@ Descriptor ExecuteAction(Session& session, int32_t eventId, const std::optional<
     Delete(session, descriptor);
   } else if (eventId == session.Key(L"uiInfo")) {
     result = UiInfo(session, descriptor);
+  } else if (eventId == CharId("setd")) {
+    ApplySet(session, descriptor);
+  } else if (eventId == CharId("Rset")) {
+    ApplyReset(session, descriptor);
   }
   session.journal.back().failed = false;
   return result;

@@ -14,6 +14,8 @@ namespace ostrel::sim {
 Descriptor ExecuteAction(Session& session, int32_t eventId, const std::optional<Descriptor>& descriptor,
                          int32_t dialogMode);
 
+// Whether Photoshop has the tool: a tool it knows, or one the scenario gives options for.
+bool IsKnownTool(const Session& session, const std::wstring& toolId);
 // Makes toolId the current tool (the options of the one before are kept for when it comes back); refuses a tool
 // that Photoshop doesn't have.
 void SelectTool(Session& session, const std::wstring& toolId);

@@ -30,6 +30,7 @@ class Loader {
   }
 
   void ExpectKeys(const Json& object, Keys allowed, const std::string& pointer) const;
+  void LoadDefaults(const Json& root, ApplicationState& app);
   const Json* Find(const Json& object, const char* key, Json::value_t type, const char* typeName,
                    const std::string& pointer) const;
   std::wstring Text(const Json& json, const std::string& pointer) const;
@@ -443,6 +444,27 @@ void Loader::LoadApplication(const Json& root, State& state) {
       app.refusedEvents.push_back(Text((*refused)[i], PointerTo("/refusedEvents", i)));
     }
   }
+  LoadDefaults(root, app);
+}
+
+// What reset gives back: "toolOptions" by tool id, "presets" (lists of names) by the preset library's key.
+void Loader::LoadDefaults(const Json& root, ApplicationState& app) {
+  const Json* defaults = Find(root, "defaults", Json::value_t::object, "an object", "");
+  if (!defaults) return;
+  ExpectKeys(*defaults, {"toolOptions", "presets"}, "/defaults");
+  if (const Json* options = Find(*defaults, "toolOptions", Json::value_t::object, "an object", "/defaults")) {
+    for (const auto& [tool, slot] : options->items()) {
+      app.toolDefaults[FromUtf8(tool)] = DescriptorSlot(slot, PointerTo("/defaults/toolOptions", tool));
+    }
+  }
+  if (const Json* presets = Find(*defaults, "presets", Json::value_t::object, "an object", "/defaults")) {
+    for (const auto& [key, names] : presets->items()) {
+      const std::string at = PointerTo("/defaults/presets", key);
+      if (!names.is_array()) Fail(at, "must be a list of names");
+      std::vector<std::wstring>& list = app.presetDefaults[FromUtf8(key)];
+      for (size_t i = 0; i < names.size(); ++i) list.push_back(Text(names[i], PointerTo(at, i)));
+    }
+  }
 }
 
 // Each unsettled behaviour is named by one of its two words; the first is the default.
@@ -479,7 +501,7 @@ State Loader::Load(const Json& root) {
   ExpectKeys(root,
              {"versions", "installedVersions", "language", "application", "toolOptions", "version", "path", "visible",
               "fonts", "notifiersEnabled", "notifiers", "panels", "refusedEvents", "documents", "activeDocument",
-              "unsettled", "comment"},
+              "unsettled", "defaults", "comment"},
              "");
   State state;
   const auto fail = [this](const std::string& at, const std::string& message) { Fail(at, message); };

@@ -57,6 +57,8 @@ struct ApplicationState {
   std::vector<Notifier> notifiers;
   std::map<std::wstring, bool> panels;     // shown or not, by the panel name of uiInfo ("layers", ...)
   std::vector<std::wstring> refusedEvents; // events that executeAction refuses, by string id or char id
+  std::map<std::wstring, Descriptor> toolDefaults;  // what a reset of all tool options gives back, by tool id
+  std::map<std::wstring, std::vector<std::wstring>> presetDefaults;  // a preset library's defaults, by its key
 };
 
 // Behaviours that no public source settles, chosen by the scenario so that the library can be checked against

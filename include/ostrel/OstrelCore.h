@@ -1,6 +1,8 @@
 // OstrelCore: the whole exported interface.
 #pragma once
 
+#include "ostrel/brush_colors.h"
+#include "ostrel/channels_paths.h"
 #include "ostrel/documents.h"
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
@@ -8,8 +10,11 @@
 #include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
 #include "ostrel/menus.h"
+#include "ostrel/preferences.h"
 #include "ostrel/presets.h"
+#include "ostrel/resets.h"
 #include "ostrel/script.h"
+#include "ostrel/shape_fill.h"
 #include "ostrel/swatches.h"
 #include "ostrel/tool_options.h"
 #include "ostrel/tool_state.h"

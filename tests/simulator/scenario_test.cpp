@@ -61,6 +61,10 @@ TEST(ScenarioTest, MistakesNameTheirPlace) {
       {R"({"documents": [{"layers": [{"descriptor": "../../tests/simulator/data/bad_notation.json"}]}]})",
        "at /documents/0/layers/0/descriptor: in \"../../tests/simulator/data/bad_notation.json\" at /mode/_unit"},
       {R"({"application": "../../tests/simulator/data/bad_syntax.json"})", "bad_syntax.json:3:17: JSON syntax error"},
+      {R"({"defaults": {"presets": {"brush": "Soft Round"}}})", "at /defaults/presets/brush: must be a list of names"},
+      {R"({"defaults": {"presets": {"brush": [1]}}})", "at /defaults/presets/brush/0: must be a string"},
+      {R"({"defaults": {"tools": {}}})", "at /defaults/tools: unknown key"},
+      {R"({"defaults": {"toolOptions": {"penTool": 3}}})", "at /defaults/toolOptions/penTool"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.json);
