@@ -1,7 +1,6 @@
 // What bad input gets: one case per row of the README's table. Each gives the exit status the table names and a
 // message that names the place (file, line, byte offset, JSON pointer or argument); nothing crashes.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
