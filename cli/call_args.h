@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -18,6 +19,7 @@
 #include "ostrel/menus.h"
 #include "ostrel/script.h"
 #include "ostrel/tool_state.h"
+#include "ostrel/window_locator.h"
 #include "platform/text.h"
 
 namespace ostrel::cli {
@@ -349,6 +351,42 @@ struct ArgTraits<tagSIZE> {
     Json object = Json::object();
     object["cx"] = static_cast<long long>(size.cx);
     object["cy"] = static_cast<long long>(size.cy);
+    return object;
+  }
+};
+
+// A window handle travels as its number, 0 for the null handle (handles have 32 significant bits, sign-extended
+// in a 64-bit process).
+template <>
+struct ArgTraits<HWND> {
+  static constexpr const char* kName = "HWND";
+  static bool FromArg(const CallArg& arg, HWND& out, std::string& error) {
+    const std::optional<long long> number = WholeNumber(arg.value);
+    if (!number || *number < 0 || *number > 4294967295LL) {
+      error = "expects a window handle, a whole number from 0 to 4294967295, got " + arg.typed;
+      return false;
+    }
+    out = reinterpret_cast<HWND>(static_cast<intptr_t>(static_cast<int32_t>(static_cast<uint32_t>(*number))));
+    return true;
+  }
+  static Json ToJson(HWND value) {
+    return static_cast<unsigned long long>(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(value)));
+  }
+};
+
+template <>
+struct ArgTraits<tagRECT> {
+  static constexpr const char* kName = "tagRECT";
+  static bool FromArg(const CallArg&, tagRECT&, std::string& error) {
+    error = "a record is a result";
+    return false;
+  }
+  static Json ToJson(const tagRECT& rect) {
+    Json object = Json::object();
+    object["left"] = static_cast<long long>(rect.left);
+    object["top"] = static_cast<long long>(rect.top);
+    object["right"] = static_cast<long long>(rect.right);
+    object["bottom"] = static_cast<long long>(rect.bottom);
     return object;
   }
 };

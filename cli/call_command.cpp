@@ -12,7 +12,7 @@ namespace ostrel::cli {
 
 int RunCallCommand(const CallOptions& options) {
   if (options.bList) {
-    for (const CallEntry& entry : AllCalls()) std::cout << entry.signature << '\n';
+    for (const CallEntry& entry : AllCalls()) std::cout << ListLine(entry) << '\n';
     return 0;
   }
   // The counter goes in before Ostrel_Init, so that the application object that the connection keeps is one of

@@ -1,6 +1,7 @@
 // The running of one export by name, on arguments from the command line.
 #include "calls.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace ostrel::cli {
@@ -36,6 +37,48 @@ std::optional<long long> WholeNumber(const Json& value) {
   return std::nullopt;
 }
 
+namespace {
+
+// "a, b" of a parameter list.
+std::string JoinNames(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "" : ",") + name;
+  return text;
+}
+
+}  // namespace
+
+std::vector<const CallEntry*> OverloadsOf(const std::string& name) {
+  std::vector<const CallEntry*> overloads;
+  const size_t open = name.find('(');
+  if (open != std::string::npos) {
+    if (name.back() != ')') return overloads;
+    std::string wanted = name.substr(open + 1, name.size() - open - 2);
+    wanted.erase(std::remove(wanted.begin(), wanted.end(), ' '), wanted.end());
+    for (const CallEntry& entry : AllCalls()) {
+      if (entry.name == name.substr(0, open) && JoinNames(entry.paramNames) == wanted) overloads.push_back(&entry);
+    }
+    return overloads;
+  }
+  for (const CallEntry& entry : AllCalls()) {
+    if (entry.name == name) overloads.push_back(&entry);
+  }
+  std::stable_sort(overloads.begin(), overloads.end(), [](const CallEntry* a, const CallEntry* b) {
+    return a->paramNames.size() < b->paramNames.size();
+  });
+  return overloads;
+}
+
+std::string ListLine(const CallEntry& entry) {
+  for (const CallEntry* other : OverloadsOf(entry.name)) {
+    if (other == &entry) break;
+    if (other->inCount == entry.inCount) {
+      return entry.signature + "    (call it as '" + entry.name + "(" + JoinNames(entry.paramNames) + ")')";
+    }
+  }
+  return entry.signature;
+}
+
 int RunCall(const std::string& name, const std::vector<std::string>& words, Json& answer, std::string& error) {
   std::vector<CallArg> args;
   args.reserve(words.size());
@@ -43,8 +86,8 @@ int RunCall(const std::string& name, const std::vector<std::string>& words, Json
 
   std::string reasons;
   bool known = false;
-  for (const CallEntry& entry : AllCalls()) {
-    if (entry.name != name) continue;
+  for (const CallEntry* overload : OverloadsOf(name)) {
+    const CallEntry& entry = *overload;
     known = true;
     std::string why;
     if (entry.invoke(args, answer, why)) return 0;

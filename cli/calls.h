@@ -19,12 +19,15 @@ namespace ostrel::cli {
 struct CallEntry {
   std::string name;
   std::string signature;
+  std::vector<std::string> paramNames;  // every parameter's name, out-parameters included
+  size_t inCount = 0;                   // the number of arguments it takes
   // Runs the export on the arguments; on success sets answer to the object of "result" and the out-parameters,
   // else says what was wrong.
   std::function<bool(const std::vector<CallArg>& args, Json& answer, std::string& error)> invoke;
   // Arguments that fit the signature: each in-parameter's empty value (0, "", []), for callers that want to
   // run every export once.
   std::vector<CallArg> sampleArgs;
+  bool talksToPhotoshop = false;  // an OSTREL_PS_EXPORT row: unconnected it answers without a call
 };
 
 // A non-const reference parameter is an out-parameter: not read from the command line, printed afterwards.
@@ -118,6 +121,8 @@ CallEntry MakeCall(std::string name, R (*function)(P...), std::vector<std::strin
   CallEntry entry;
   entry.name = name;
   entry.signature = DescribeCall<R, P...>(name, paramNames);
+  entry.paramNames = paramNames;
+  entry.inCount = (size_t{0} + ... + (kIsOutParam<P> ? 0 : 1));
   (
       [&] {
         if constexpr (!kIsOutParam<P>) entry.sampleArgs.push_back(ArgumentFromJson(SampleParam<P>()));
@@ -161,8 +166,18 @@ std::vector<std::string> ParameterNames(std::string_view parameters);
 // Every callable export, in the order of the export table (cli/export_calls.cpp).
 const std::vector<CallEntry>& AllCalls();
 
+// The overloads of name in the order they are tried: fewer parameters (out-parameters counted) first, else in
+// the order of the export table. name may also be written with its parameter names, "Ostrel_GetFontName(font)"
+// or "Ostrel_GetFontName()", which picks the one overload whose parameters have those names.
+std::vector<const CallEntry*> OverloadsOf(const std::string& name);
+
+// How --list shows an entry: its signature, and for an overload that the arguments alone can't pick (one of the
+// same name with as many arguments is tried first), the name to call it by.
+std::string ListLine(const CallEntry& entry);
+
 // Runs the export called name with the given arguments (command line words: JSON where they parse as JSON,
-// plain strings otherwise). Overloads are tried in order. Returns 0 and sets answer, or non-zero and sets error.
+// plain strings otherwise). Overloads are tried in the order of OverloadsOf. Returns 0 and sets answer, or
+// non-zero and sets error.
 int RunCall(const std::string& name, const std::vector<std::string>& words, Json& answer, std::string& error);
 
 // The same with the answer rendered on one line.

@@ -11,7 +11,9 @@
 
 #include "platform/platform.h"
 #include "platform/portable/portable_backends.h"
+#include "platform/portable/recorded_windows.h"
 #include "platform/text.h"
+#include "registry_file.h"
 
 #if defined(OSTREL_CLI_SIMULATOR)
 #include "simulator/photoshop.h"
@@ -33,6 +35,7 @@ constexpr const char* kFooter =
 struct GlobalOptions {
   std::vector<std::string> params;
   std::optional<std::string> photoshop;
+  std::optional<std::string> registry;
   bool bCountCalls = false;
   std::optional<std::string> windows;
 };
@@ -63,10 +66,14 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
          "--photoshop", [&options](const std::string& file) { options.photoshop = file; },
          "run against the simulated Photoshop of a scenario")
       ->type_name("SCENARIO.json");
+  app.add_option_function<std::string>(
+         "--registry", [&options](const std::string& file) { options.registry = file; },
+         "use the registry of a JSON file instead of the system's, and write back what the command changed")
+      ->type_name("FILE.json");
   app.add_flag("--count-calls", options.bCountCalls, "call: add the export's automation calls to the answer");
   app.add_option_function<std::string>(
          "--windows", [&options](const std::string& file) { options.windows = file; },
-         "a recorded window tree (not supported yet)")
+         "run the window locator on a recorded window tree instead of the screen's windows")
       ->type_name("TREE.json");
 }
 
@@ -80,7 +87,7 @@ void AddEncodingOption(CLI::App& command, LessonEncoding& encoding) {
 }
 
 // Gathers the options of every place they were given, in the order of the command line. False, with error set,
-// for a scenario given twice or a window tree.
+// for a scenario or a window tree given twice.
 bool MergeOptions(const std::vector<const GlobalOptions*>& places, CommandLine& line, std::string& error) {
   for (const GlobalOptions* options : places) {
     for (const std::string& pair : options->params) {
@@ -94,10 +101,20 @@ bool MergeOptions(const std::vector<const GlobalOptions*>& places, CommandLine& 
       }
       line.photoshop = options->photoshop;
     }
+    if (options->registry) {
+      if (line.registry) {
+        error = "--registry given more than once";
+        return false;
+      }
+      line.registry = options->registry;
+    }
     line.call.bCountCalls = line.call.bCountCalls || options->bCountCalls;
     if (options->windows) {
-      error = "--windows " + *options->windows + ": recorded window trees aren't supported yet";
-      return false;
+      if (line.windows) {
+        error = "--windows given more than once";
+        return false;
+      }
+      line.windows = options->windows;
     }
   }
   return true;
@@ -131,6 +148,7 @@ struct ToolDefinition {
   CLI::App* parse = nullptr;
   CLI::App* call = nullptr;
   CLI::App* lint = nullptr;
+  CLI::App* capture = nullptr;
   GlobalOptions rootOptions, callOptions, tailOptions;  // before NAME of call, between call and NAME, after NAME
 };
 
@@ -165,6 +183,11 @@ void Define(ToolDefinition& tool, CommandLine& line) {
   tool.lint->add_flag("--json", line.lint.bJson, "print one JSON object with the findings and a summary");
   AddEncodingOption(*tool.lint, line.lint.encoding);
   tool.lint->add_option("FILE", line.lint.paths, "lesson files");
+
+  tool.capture = tool.app.add_subcommand(
+      "capture-windows", "write the live window tree of the running Photoshop (its main frame, the windows it owns "
+                         "and its other top-level windows) as a recorded tree, for --windows; Windows only");
+  tool.capture->add_option("FILE", line.capture.path, "where to write the tree; - or none: standard output");
 }
 
 // The words that `call` left: NAME, then the export's arguments among which our options may stand.
@@ -202,6 +225,7 @@ std::optional<int> ReadCommandLine(const std::vector<std::string>& args, Command
   if (tool.parse->parsed()) line.command = CommandLine::Command::kParse;
   else if (tool.call->parsed()) line.command = CommandLine::Command::kCall;
   else if (tool.lint->parsed()) line.command = CommandLine::Command::kLint;
+  else if (tool.capture->parsed()) line.command = CommandLine::Command::kCaptureWindows;
   else {
     message = tool.app.help();
     return 2;
@@ -231,6 +255,7 @@ int RunCommand(const CommandLine& line) {
     case CommandLine::Command::kParse: return RunParseCommand(line.parse);
     case CommandLine::Command::kCall: return RunCallCommand(line.call);
     case CommandLine::Command::kLint: return RunLintCommand(line.lint);
+    case CommandLine::Command::kCaptureWindows: return RunCaptureCommand(line.capture);
   }
   return 2;
 }
@@ -245,22 +270,59 @@ int RunOstrel(const std::vector<std::string>& args) {
     return *status;
   }
   GiveParameters(line.params);
-  if (!line.photoshop) return RunCommand(line);
+  Platform platform;
+  MemoryRegistry registry;
+  if (line.registry) {
+    std::string error;
+    if (!LoadRegistryFile(std::filesystem::u8path(*line.registry), registry, error)) {
+      std::cerr << "ostrel: --registry " << *line.registry << ": " << error << '\n';
+      return 2;
+    }
+    platform.registry = &registry;
+  }
+  std::unique_ptr<RecordedWindows> windows;
+  if (line.windows) {
+    WindowTreeLoad load = LoadWindowTree(std::filesystem::u8path(*line.windows));
+    if (!load.tree) {
+      std::cerr << "ostrel: --windows " << load.error << '\n';
+      return 2;
+    }
+    windows = std::make_unique<RecordedWindows>(std::move(*load.tree));
+    platform.windows = windows.get();
+    platform.screen = windows.get();
+  }
 #if defined(OSTREL_CLI_SIMULATOR)
   std::unique_ptr<sim::SimulatedPhotoshop> photoshop;
-  try {
-    photoshop = std::make_unique<sim::SimulatedPhotoshop>(
-        sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(*line.photoshop)));
-  } catch (const std::exception& error) {
-    std::cerr << "ostrel: --photoshop " << *line.photoshop << ": " << error.what() << '\n';
+  if (line.photoshop) {
+    try {
+      photoshop = std::make_unique<sim::SimulatedPhotoshop>(
+          sim::SimulatedPhotoshop::FromFile(std::filesystem::u8path(*line.photoshop)));
+    } catch (const std::exception& error) {
+      std::cerr << "ostrel: --photoshop " << *line.photoshop << ": " << error.what() << '\n';
+      return 2;
+    }
+    platform.automation = photoshop.get();
+  }
+#else
+  if (line.photoshop) {
+    std::cerr << "ostrel: this build has no simulated Photoshop\n";
     return 2;
   }
-  const ScopedPlatform platform(Platform{.automation = photoshop.get()});
-  return RunCommand(line);
-#else
-  std::cerr << "ostrel: this build has no simulated Photoshop\n";
-  return 2;
 #endif
+  const std::string registryBefore = RegistryFileText(registry);
+  int status = 0;
+  {
+    const ScopedPlatform scoped(platform);
+    status = RunCommand(line);
+  }
+  if (line.registry && RegistryFileText(registry) != registryBefore) {
+    std::string error;
+    if (!SaveRegistryFile(std::filesystem::u8path(*line.registry), registry, error)) {
+      std::cerr << "ostrel: --registry " << *line.registry << ": " << error << '\n';
+      return 2;
+    }
+  }
+  return status;
 }
 
 }  // namespace ostrel::cli

@@ -28,9 +28,14 @@ struct LintOptions {
   std::vector<std::string> paths;  // none: standard input
 };
 
+struct CaptureOptions {
+  std::string path = "-";  // - or none: standard output
+};
+
 int RunParseCommand(const ParseOptions& options);
 int RunCallCommand(const CallOptions& options);
 int RunLintCommand(const LintOptions& options);
+int RunCaptureCommand(const CaptureOptions& options);
 
 // The display width of text in a terminal: East Asian wide characters take two columns.
 size_t DisplayWidth(const std::wstring& text);

@@ -36,12 +36,20 @@ std::vector<std::string> ParameterNames(std::string_view parameters) {
   return names;
 }
 
+static CallEntry TalkingToPhotoshop(CallEntry entry) {
+  entry.talksToPhotoshop = true;
+  return entry;
+}
+
 const std::vector<CallEntry>& AllCalls() {
   static const std::vector<CallEntry> calls = {
 #define OSTREL_EXPORT(family, R, name, parameters, body, onFailure) \
   MakeCall(#name, static_cast<R(*) parameters noexcept>(&name), ParameterNames(#parameters)),
+#define OSTREL_PS_EXPORT(family, R, name, parameters, body, onFailure, unconnected) \
+  TalkingToPhotoshop(MakeCall(#name, static_cast<R(*) parameters noexcept>(&name), ParameterNames(#parameters))),
 #include "frame/exports.def"
 #undef OSTREL_EXPORT
+#undef OSTREL_PS_EXPORT
   };
   return calls;
 }

@@ -4,6 +4,7 @@
 #include "ostrel/brush_colors.h"
 #include "ostrel/channels_paths.h"
 #include "ostrel/documents.h"
+#include "ostrel/events.h"
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
 #include "ostrel/layer_state.h"
@@ -19,3 +20,4 @@
 #include "ostrel/tool_options.h"
 #include "ostrel/tool_state.h"
 #include "ostrel/tools.h"
+#include "ostrel/window_locator.h"

@@ -7,9 +7,7 @@
 
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
-
-// A panel of the layer panel group: 0 layers, 1 channels, 2 paths.
-enum EnLayerPanel : int {};
+#include "ostrel/layers.h"  // EnLayerPanel
 
 // 1 if that section of the current tool's brush is on, else 0 (also for a tool without brush settings).
 OSTREL_API int Ostrel_IsBrushPresetUseTipDynamice() noexcept;

@@ -13,6 +13,8 @@ enum EnLayerBlend : int {};
 enum EnLayerMask : int {};
 // How a new selection combines with the old one, 0 to 3.
 enum EnSelectMode : int {};
+// A panel of the layer group: 0 layers, 1 channels, 2 paths.
+enum EnLayerPanel : int {};
 // An entry of the context menus of the layer, channel and path panels: 0 to 25 and 100 to 102.
 enum EnLayerMenuIndex : int {};
 // A page of the layer style dialog, one bit each; 2048 to 16384 are unused.

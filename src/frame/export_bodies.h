@@ -6,8 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "events/event_file.h"
+#include "events/notifiers.h"
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
+#include "locator/handles.h"
+#include "locator/main_frame.h"
+#include "locator/patterns.h"
+#include "locator/pickers.h"
+#include "locator/tool_options_bar.h"
 #include "ostrel/OstrelCore.h"
 #include "photoshop/brush_colors.h"
 #include "photoshop/channels_paths.h"
@@ -18,6 +25,7 @@
 #include "photoshop/tool_state.h"
 #include "platform/color_text.h"
 #include "preferences/ui_language.h"
+#include "preferences/preferences.h"
 #include "script/rows.h"
 #include "vocabulary/color_swatches.h"
 #include "vocabulary/dialog_names.h"

@@ -9,6 +9,7 @@
 #include "calls.h"
 #include "commands.h"
 #include "json.h"
+#include "run_in_process.h"
 #include "ostrel/lifecycle.h"
 #include "platform/text.h"
 
@@ -194,6 +195,20 @@ std::string RunTool(const std::string& arguments, int& status, const std::string
   while ((n = fread(buffer, 1, sizeof buffer, pipe)) > 0) output.append(buffer, n);
   status = pclose(pipe);
   return output;
+}
+
+// capture-windows reads live windows: elsewhere than on Windows it says so; on Windows without Photoshop there is
+// nothing to capture. Neither writes a tree.
+TEST(CaptureWindowsTest, SaysWhyItCapturesNothing) {
+  const ToolRun run = RunInProcess({"capture-windows"});
+  EXPECT_TRUE(run.out.empty());
+#if defined(_WIN32)
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.err.find("Photoshop isn't running"), std::string::npos) << run.err;
+#else
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("needs Windows"), std::string::npos) << run.err;
+#endif
 }
 
 TEST(ToolProcessTest, OutputAndExitStatus) {

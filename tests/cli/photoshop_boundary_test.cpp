@@ -103,7 +103,7 @@ std::vector<SweepCase> SweepCases() {
   for (const ScenarioOfSweep& scenario : kSweepScenarios) {
     std::map<std::string, int> overloads;
     for (size_t i = 0; i < calls.size(); ++i) {
-      if (!FailureDefaults().contains(calls[i].name)) continue;
+      if (!calls[i].talksToPhotoshop || !FailureDefaults().contains(calls[i].name)) continue;
       const int overload = ++overloads[calls[i].name];
       std::string name = std::string(scenario.name) + "_" + calls[i].name;
       if (overload > 1) name += "_" + std::to_string(overload);

@@ -3,6 +3,7 @@
 // files that someone else wrote; what a read gives is what GetPrivateProfileStringW gives for them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -33,11 +34,14 @@ std::filesystem::path FsPath(const std::wstring& path) {
 #endif
 }
 
-enum class Encoding { kUtf8, kUtf8Bom, kUtf16LeBom };
+// kUtf8 writes the case's bytes as they stand, without a mark; kGbk converts its text to the ANSI code page of
+// the Chinese Windows.
+enum class Encoding { kUtf8, kUtf8Bom, kUtf16LeBom, kGbk };
 
 // The file's bytes for a text given as UTF-8.
 std::string EncodeFile(std::string_view utf8, Encoding encoding) {
   if (encoding == Encoding::kUtf8) return std::string(utf8);
+  if (encoding == Encoding::kGbk) return CurrentPlatform().encoding->ToCodePage936(FromUtf8(utf8));
   if (encoding == Encoding::kUtf8Bom) return "\xEF\xBB\xBF" + std::string(utf8);
   std::string bytes = "\xFF\xFE";
   for (const wchar_t c : FromUtf8(utf8)) {  // every character of the cases lies in the BMP
@@ -52,8 +56,8 @@ void WriteBytes(const std::wstring& path, const std::string& bytes) {
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-// Files as other programs leave them. Without a byte order mark the profile functions read a file in the ANSI
-// code page and the portable store in UTF-8, so only the files with a mark hold Chinese text.
+// Files as other programs leave them. Without a byte order mark both stores read a file in the ANSI code page,
+// which is 936 on the Chinese Windows served (the Windows run of this suite sets it).
 constexpr const char* kCrLf = "[Event]\r\nTool=marqueeRectTool\r\nLayer=Layer 1\r\n[Other]\r\nTool=x\r\n";
 constexpr const char* kLfNoFinalEnd = "[Event]\nTool=marqueeRectTool\nLayer=Layer 1\n[Other]\nTool=x";
 constexpr const char* kCutAfterCr = "[Event]\r\nLayer=Layer 1\r\nTool=marqueeRectTool\r";
@@ -66,6 +70,11 @@ constexpr const char* kQuotes =
     "[Event]\r\nLayer=\"  Layer 1  \"\r\nTool= 'move' \r\nMixed=\"move'\r\nInner=\"'x'\"\r\nOne=\"\r\n";
 constexpr const char* kTwice = "[Event]\r\nTool=first\r\nTool=second\r\n[Other]\r\n[event]\r\nLayer=late\r\n";
 constexpr const char* kEmpty = "";
+// A file that its writer is still writing, cut at the end of the bytes that a case drops: 副 and 本 are two
+// bytes each in GBK and in UTF-16LE.
+constexpr const char* kHalfWritten = "[Event]\r\nTool=marqueeRectTool\r\nLayer=背景 副本\r\n[Other]\r\nTool=x\r\n";
+// Invalid bytes in a file without a mark: the pair 81 7F and a lone FF; neither ends the reading.
+constexpr const char* kBadAnsi = "[Event]\r\nLayer=x\x81\x7Fy\r\nTool=a\xFF" "b\r\nNext=1\r\n";
 
 struct IniReadCase {
   const char* name;
@@ -74,6 +83,7 @@ struct IniReadCase {
   const wchar_t* section;
   const wchar_t* key;
   const wchar_t* expected;  // nullptr: nothing
+  size_t dropLast = 0;      // bytes cut off the end of the file
 };
 
 // Each case names the reading mistake it would catch.
@@ -110,6 +120,21 @@ constexpr IniReadCase kIniReadCases[] = {
     {"Utf16LeBomFirstLine", kCrLf, Encoding::kUtf16LeBom, L"Event", L"Tool", L"marqueeRectTool"},
     {"Utf16LeNoFinalEnd", kLfNoFinalEnd, Encoding::kUtf16LeBom, L"Other", L"Tool", L"x"},
     {"EmptyFile", kEmpty, Encoding::kUtf8, L"Event", L"Tool", nullptr},
+    {"GbkChinese", kChinese, Encoding::kGbk, L"事件", L"图层", L"图层 1"},
+    {"GbkLaterSection", kChinese, Encoding::kGbk, L"Event", L"Layer", L"背景 副本"},
+    // Half-written files: what was written before the cut reads as it will read when the file is whole.
+    {"Utf16CutInASection", kHalfWritten, Encoding::kUtf16LeBom, L"Other", L"Tool", nullptr, 18},
+    {"Utf16CutBeforeASection", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Tool", L"marqueeRectTool", 18},
+    {"Utf16CutInAValue", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Layer", L"背景 副", 40},
+    // The low byte of 本 (U+672C) alone reads as the unit 0x002C.
+    {"Utf16CutInAUnit", kHalfWritten, Encoding::kUtf16LeBom, L"Event", L"Layer", L"背景 副,", 39},
+    {"GbkCutInAValue", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", L"背景 副", 21},
+    {"GbkCutInAPair", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", L"背景 副?", 20},
+    {"GbkCutInAKey", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", nullptr, 31},
+    {"GbkCutAfterEquals", kHalfWritten, Encoding::kGbk, L"Event", L"Layer", L"", 28},
+    {"GbkBadPairIsOneQuestionMark", kBadAnsi, Encoding::kUtf8, L"Event", L"Layer", L"x?y"},
+    {"GbkLoneFF", kBadAnsi, Encoding::kUtf8, L"Event", L"Tool", L"a\uF8F5b"},
+    {"GbkBadBytesDontStopTheReading", kBadAnsi, Encoding::kUtf8, L"Event", L"Next", L"1"},
 };
 
 void PrintTo(const IniReadCase& c, std::ostream* out) { *out << c.name; }
@@ -122,7 +147,9 @@ class IniReadTest : public ::testing::TestWithParam<IniReadCase> {
   std::wstring WriteCaseFile(const char* suffix = "") {
     const IniReadCase& c = GetParam();
     const std::wstring path = TestPath(std::string("ostrel_ini_") + c.name + suffix + ".ini");
-    WriteBytes(path, EncodeFile(c.file, c.encoding));
+    std::string bytes = EncodeFile(c.file, c.encoding);
+    bytes.resize(bytes.size() - std::min(c.dropLast, bytes.size()));
+    WriteBytes(path, bytes);
     return path;
   }
   void TearDown() override {
@@ -186,6 +213,10 @@ TEST(IniStoreTest, KeysReadBackAndMissingOnesReadAsNothing) {
   EXPECT_EQ(ini.GetString(file, L"Other", L"Tool"), L"x");
   EXPECT_FALSE(ini.GetString(file, L"Event", L"Missing"));
   EXPECT_FALSE(ini.GetString(file, L"Missing", L"Tool"));
+  // A new file is UTF-16LE with its mark, so that text outside the ANSI code page survives too.
+  EXPECT_EQ(ReadBytes(file).substr(0, 2), "\xFF\xFE");
+  ASSERT_TRUE(ini.SetString(file, L"Event", L"Korean", L"한글 图层"));
+  EXPECT_EQ(ini.GetString(file, L"Event", L"Korean"), L"한글 图层");
   std::filesystem::remove(FsPath(file));
 }
 

@@ -1,6 +1,7 @@
 // The portable backends.
 #include "platform/portable/portable_backends.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
@@ -52,6 +53,11 @@ std::wstring AsciiLower(std::wstring text) {
 
 }  // namespace
 
+bool RegistryOrder(const RegistryValue& a, const RegistryValue& b) {
+  return std::make_tuple(static_cast<int>(a.hive), AsciiLower(a.key), AsciiLower(a.name)) <
+         std::make_tuple(static_cast<int>(b.hive), AsciiLower(b.key), AsciiLower(b.name));
+}
+
 MemoryRegistry::Path MemoryRegistry::MakePath(RegistryHive hive, const std::wstring& key, const std::wstring& name) {
   return {static_cast<int>(hive), AsciiLower(key), AsciiLower(name)};
 }
@@ -60,7 +66,7 @@ std::optional<std::wstring> MemoryRegistry::GetString(RegistryHive hive, const s
                                                       const std::wstring& name) {
   std::lock_guard lock(m_mutex);
   auto it = m_values.find(MakePath(hive, key, name));
-  if (it == m_values.end() || it->second.isDword) return std::nullopt;
+  if (it == m_values.end() || it->second.kind != RegistryValue::Kind::kString) return std::nullopt;
   return it->second.text;
 }
 
@@ -68,20 +74,64 @@ std::optional<uint32_t> MemoryRegistry::GetDword(RegistryHive hive, const std::w
                                                  const std::wstring& name) {
   std::lock_guard lock(m_mutex);
   auto it = m_values.find(MakePath(hive, key, name));
-  if (it == m_values.end() || !it->second.isDword) return std::nullopt;
+  if (it == m_values.end() || it->second.kind != RegistryValue::Kind::kDword) return std::nullopt;
   return it->second.dword;
+}
+
+void MemoryRegistry::Store(RegistryValue value) {
+  std::lock_guard lock(m_mutex);
+  const Path path = MakePath(value.hive, value.key, value.name);
+  // A key that exists keeps its spelling, as the registry keeps that of the key's creation.
+  for (const auto& [other, existing] : m_values) {
+    if (std::get<0>(other) == std::get<0>(path) && std::get<1>(other) == std::get<1>(path)) {
+      value.key = existing.key;
+      break;
+    }
+  }
+  if (auto it = m_values.find(path); it != m_values.end()) value.name = it->second.name;
+  m_values[path] = std::move(value);
 }
 
 bool MemoryRegistry::SetString(RegistryHive hive, const std::wstring& key, const std::wstring& name,
                                const std::wstring& value) {
-  std::lock_guard lock(m_mutex);
-  m_values[MakePath(hive, key, name)] = Value{false, value, 0};
+  Store(RegistryValue{hive, key, name, RegistryValue::Kind::kString, value, 0});
   return true;
 }
 
 bool MemoryRegistry::SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) {
+  Store(RegistryValue{hive, key, name, RegistryValue::Kind::kDword, {}, value});
+  return true;
+}
+
+namespace {
+
+// Whether the key (in lower case) is wanted or lies below it.
+bool IsAtOrBelow(const std::wstring& key, const std::wstring& wanted) {
+  if (wanted.empty() || key == wanted) return true;
+  return key.size() > wanted.size() && key.compare(0, wanted.size(), wanted) == 0 && key[wanted.size()] == L'\\';
+}
+
+}  // namespace
+
+std::vector<RegistryValue> MemoryRegistry::ValuesUnder(RegistryHive hive, const std::wstring& key) {
   std::lock_guard lock(m_mutex);
-  m_values[MakePath(hive, key, name)] = Value{true, {}, value};
+  const std::wstring wanted = AsciiLower(key);
+  std::vector<RegistryValue> values;
+  for (const auto& [path, value] : m_values) {
+    if (std::get<0>(path) == static_cast<int>(hive) && IsAtOrBelow(std::get<1>(path), wanted)) {
+      values.push_back(value);
+    }
+  }
+  std::sort(values.begin(), values.end(), RegistryOrder);
+  return values;
+}
+
+bool MemoryRegistry::DeleteTree(RegistryHive hive, const std::wstring& key) {
+  std::lock_guard lock(m_mutex);
+  const std::wstring wanted = AsciiLower(key);
+  std::erase_if(m_values, [&](const auto& entry) {
+    return std::get<0>(entry.first) == static_cast<int>(hive) && IsAtOrBelow(std::get<1>(entry.first), wanted);
+  });
   return true;
 }
 
@@ -165,20 +215,96 @@ std::wstring StdFileSystem::LocalAppDataDirectory() {
 
 namespace {
 
-std::wstring DecodeIniText(const std::string& bytes) {
-  if (bytes.size() >= 2 && static_cast<unsigned char>(bytes[0]) == 0xFF &&
-      static_cast<unsigned char>(bytes[1]) == 0xFE) {
-    std::wstring text;
-    for (size_t i = 2; i + 1 < bytes.size(); i += 2) {
-      text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) |
-                                   (static_cast<unsigned char>(bytes[i + 1]) << 8));
+// The three forms in which the profile functions read and write a file: UTF-16LE after its byte order mark,
+// UTF-8 after its mark, and otherwise the ANSI code page, which is 936 (GBK) on the Chinese Windows served.
+enum class IniEncoding { kAnsi, kUtf8Bom, kUtf16Le };
+
+// What a lone 0xFF byte reads as in code page 936.
+constexpr wchar_t kLoneFF = L'\uF8F5';
+
+IniEncoding EncodingOf(std::string_view bytes) {
+  if (bytes.substr(0, 2) == "\xFF\xFE") return IniEncoding::kUtf16Le;
+  if (bytes.substr(0, 3) == "\xEF\xBB\xBF") return IniEncoding::kUtf8Bom;
+  return IniEncoding::kAnsi;
+}
+
+// Code page 936 as the system's converter reads a file (measured against Wine's profile functions): a lead byte
+// takes the next byte with it whatever that is, and a pair that isn't valid reads as '?', as does a lead byte cut
+// off by the end of a half-written file; a lone 0xFF reads as U+F8F5. No byte stops the reading.
+std::wstring DecodeAnsi(std::string_view bytes) {
+  PortableEncoding encoding;
+  std::wstring text;
+  while (!bytes.empty()) {
+    size_t bad = 0;
+    if (std::optional<std::wstring> rest = encoding.FromCodePage936(bytes, bad)) {
+      text += *rest;
+      break;
     }
-    if constexpr (sizeof(wchar_t) == 4) return FromUtf8(ToUtf8(text));  // joins surrogate pairs
-    return text;
+    size_t ignored = 0;
+    text += encoding.FromCodePage936(bytes.substr(0, bad), ignored).value_or(L"");
+    const auto lead = static_cast<unsigned char>(bytes[bad]);
+    if (lead == 0xFF) {
+      text += kLoneFF;
+      bytes.remove_prefix(bad + 1);
+    } else {
+      text += L'?';
+      bytes.remove_prefix(std::min(bad + 2, bytes.size()));
+    }
   }
-  std::string_view view(bytes);
-  if (view.substr(0, 3) == "\xEF\xBB\xBF") view.remove_prefix(3);
-  return FromUtf8(view);
+  return text;
+}
+
+std::wstring DecodeIniText(std::string_view bytes) {
+  switch (EncodingOf(bytes)) {
+    case IniEncoding::kUtf16Le: {
+      std::wstring text;
+      for (size_t i = 2; i < bytes.size(); i += 2) {
+        // An odd last byte, half a unit cut off by the end of a half-written file, reads as a unit of its own
+        // with a high byte of 0, as the profile functions read it.
+        const unsigned high = i + 1 < bytes.size() ? static_cast<unsigned char>(bytes[i + 1]) : 0u;
+        text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) | (high << 8));
+      }
+      if constexpr (sizeof(wchar_t) == 4) return FromUtf8(ToUtf8(text));  // joins surrogate pairs
+      return text;
+    }
+    case IniEncoding::kUtf8Bom: return FromUtf8(bytes.substr(3));
+    case IniEncoding::kAnsi: break;
+  }
+  return DecodeAnsi(bytes);
+}
+
+std::string EncodeIniText(const std::wstring& text, IniEncoding encoding) {
+  switch (encoding) {
+    case IniEncoding::kUtf16Le: {
+      std::string bytes = "\xFF\xFE";
+      const auto put = [&bytes](unsigned unit) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>((unit >> 8) & 0xFF);
+      };
+      for (const wchar_t c : text) {
+        const auto code = static_cast<unsigned long>(c);
+        if (code > 0xFFFF) {  // wchar_t of 32 bits: a surrogate pair
+          put(static_cast<unsigned>(0xD800 + ((code - 0x10000) >> 10)));
+          put(static_cast<unsigned>(0xDC00 + ((code - 0x10000) & 0x3FF)));
+        } else {
+          put(static_cast<unsigned>(code));
+        }
+      }
+      return bytes;
+    }
+    case IniEncoding::kUtf8Bom: return "\xEF\xBB\xBF" + ToUtf8(text);
+    case IniEncoding::kAnsi: break;
+  }
+  // U+F8F5 goes back to the lone 0xFF it was read from, as the system's table maps it both ways.
+  std::string bytes;
+  size_t from = 0;
+  for (size_t at = text.find(kLoneFF); ; at = text.find(kLoneFF, from)) {
+    bytes += PortableEncoding().ToCodePage936(std::wstring_view(text).substr(from, at - from));
+    if (at == std::wstring::npos) break;
+    bytes += '\xFF';
+    from = at + 1;
+  }
+  return bytes;
 }
 
 std::vector<std::wstring> SplitIniLines(const std::wstring& text) {
@@ -264,6 +390,12 @@ std::vector<std::wstring> ReadIniLines(const std::wstring& file) {
   return {};
 }
 
+// The form a write keeps: the file's own, and for a new file UTF-16LE, as the Windows backend starts one.
+IniEncoding WriteEncodingOf(const std::wstring& file) {
+  if (const std::optional<std::string> bytes = ReadFileBytes(file)) return EncodingOf(*bytes);
+  return IniEncoding::kUtf16Le;
+}
+
 }  // namespace
 
 std::optional<std::wstring> FileIniStore::GetString(const std::wstring& file, const std::wstring& section,
@@ -278,6 +410,7 @@ std::optional<std::wstring> FileIniStore::GetString(const std::wstring& file, co
 
 bool FileIniStore::SetString(const std::wstring& file, const std::wstring& section, const std::wstring& key,
                              const std::wstring& value) {
+  const IniEncoding encoding = WriteEncodingOf(file);
   std::vector<std::wstring> lines = ReadIniLines(file);
   const std::wstring entry = key + L"=" + value;
   if (const std::optional<SectionSpan> found = FindSection(lines, AsciiLower(section))) {
@@ -292,8 +425,9 @@ bool FileIniStore::SetString(const std::wstring& file, const std::wstring& secti
     lines.push_back(L"[" + section + L"]");
     lines.push_back(entry);
   }
-  std::string bytes;
-  for (const std::wstring& line : lines) bytes += ToUtf8(line) + "\r\n";
+  std::wstring text;
+  for (const std::wstring& line : lines) text += line + L"\r\n";
+  const std::string bytes = EncodeIniText(text, encoding);
   StdFileSystem files;
   if (!files.CreatePathTo(file)) return false;
   std::ofstream out(NativePath(file), std::ios::binary | std::ios::trunc);

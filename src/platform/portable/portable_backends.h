@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "platform/platform.h"
 
@@ -49,7 +50,8 @@ class NoWindows final : public IWindowTree, public IScreen {
   int32_t FindImage(const std::wstring&, const WindowRect&, WindowRect&, double) override { return 0; }
 };
 
-// A registry in memory: keys compare without regard to case, as the Windows registry's do.
+// A registry in memory: keys compare without regard to case, as the Windows registry's do, and keep the spelling
+// of the write that made them.
 class MemoryRegistry final : public IRegistry {
  public:
   std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key, const std::wstring& name) override;
@@ -57,23 +59,24 @@ class MemoryRegistry final : public IRegistry {
   bool SetString(RegistryHive hive, const std::wstring& key, const std::wstring& name,
                  const std::wstring& value) override;
   bool SetDword(RegistryHive hive, const std::wstring& key, const std::wstring& name, uint32_t value) override;
+  std::vector<RegistryValue> ValuesUnder(RegistryHive hive, const std::wstring& key) override;
+  bool DeleteTree(RegistryHive hive, const std::wstring& key) override;
 
  private:
-  struct Value {
-    bool isDword = false;
-    std::wstring text;
-    uint32_t dword = 0;
-  };
   using Path = std::tuple<int, std::wstring, std::wstring>;
   static Path MakePath(RegistryHive hive, const std::wstring& key, const std::wstring& name);
+  void Store(RegistryValue value);
   std::mutex m_mutex;
-  std::map<Path, Value> m_values;
+  std::map<Path, RegistryValue> m_values;
 };
 
-// Ini files on disk, read as UTF-8 (a UTF-8 or UTF-16LE byte order mark is honoured) and written as UTF-8 with
-// CR LF line ends. As the profile functions do, sections and keys compare without regard to ASCII case, blanks
-// around keys and values and one pair of quotes around a value are dropped, the first of two keys (or sections)
-// with one name is the one read and written, and keys before the first section belong to none.
+// Ini files on disk, read and written as the Windows profile functions do on the Chinese Windows served: after a
+// UTF-16LE byte order mark in UTF-16LE, after a UTF-8 one in UTF-8, and otherwise in the ANSI code page 936 (GBK),
+// where no byte stops the reading (a pair that isn't valid reads as '?', as Windows' converter reads it). A write
+// keeps the file's form; a new file is UTF-16LE with its mark, with CR LF line ends. As the profile functions do,
+// sections and keys compare without regard to ASCII case, blanks around keys and values and one pair of quotes
+// around a value are dropped, the first of two keys (or sections) with one name is the one read and written, and
+// keys before the first section belong to none.
 class FileIniStore final : public IIniStore {
  public:
   std::optional<std::wstring> GetString(const std::wstring& file, const std::wstring& section,

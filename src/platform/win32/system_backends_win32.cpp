@@ -1,10 +1,12 @@
-// The Windows backends: COM automation, the system's code page 936 converter, ini files through the profile
-// functions, the registry, the local clock and the well-known folders.
+// The Windows backends: COM automation, the live window tree, the system's code page 936 converter, ini files
+// through the profile functions, the registry, the local clock and the well-known folders.
 #include <windows.h>
 
 #include <shlobj.h>
 
+#include <algorithm>
 #include <climits>
+#include <cstring>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
@@ -13,6 +15,7 @@
 #include "platform/system_backends.h"
 #include "platform/win32/com_automation.h"
 #include "platform/win32/holders.h"
+#include "platform/win32/win32_windows.h"
 
 namespace ostrel::win32 {
 namespace {
@@ -147,6 +150,47 @@ Hkey OpenForWriting(RegistryHive hive, const std::wstring& key) {
   return opened;
 }
 
+// The values of the open key and of the keys below it, named by their path from the hive.
+void CollectValues(HKEY opened, RegistryHive hive, const std::wstring& path, std::vector<RegistryValue>& out) {
+  DWORD longestName = 0, longestData = 0, longestSubkey = 0;
+  if (RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, nullptr, &longestSubkey, nullptr, nullptr, &longestName,
+                       &longestData, nullptr, nullptr) != ERROR_SUCCESS) {
+    return;
+  }
+  std::vector<wchar_t> name(longestName + 2);
+  std::vector<BYTE> data(longestData + sizeof(wchar_t) * 2);
+  for (DWORD i = 0;; ++i) {
+    DWORD nameLength = static_cast<DWORD>(name.size()), dataSize = static_cast<DWORD>(data.size()), type = 0;
+    std::fill(data.begin(), data.end(), BYTE{0});
+    if (RegEnumValueW(opened, i, name.data(), &nameLength, nullptr, &type, data.data(), &dataSize) !=
+        ERROR_SUCCESS) {
+      break;
+    }
+    RegistryValue value{hive, path, std::wstring(name.data(), nameLength), RegistryValue::Kind::kOther, {}, type};
+    if (type == REG_SZ) {
+      const auto* text = reinterpret_cast<const wchar_t*>(data.data());
+      value.kind = RegistryValue::Kind::kString;
+      value.text.assign(text, wcsnlen(text, dataSize / sizeof(wchar_t)));
+      value.dword = 0;
+    } else if (type == REG_DWORD && dataSize == sizeof(DWORD)) {
+      value.kind = RegistryValue::Kind::kDword;
+      std::memcpy(&value.dword, data.data(), sizeof(DWORD));
+    }
+    out.push_back(std::move(value));
+  }
+  std::vector<wchar_t> subkey(longestSubkey + 2);
+  for (DWORD i = 0;; ++i) {
+    DWORD length = static_cast<DWORD>(subkey.size());
+    if (RegEnumKeyExW(opened, i, subkey.data(), &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+    const std::wstring child = path + L"\\" + std::wstring(subkey.data(), length);
+    Hkey below;
+    if (RegOpenKeyExW(opened, std::wstring(subkey.data(), length).c_str(), 0, KEY_READ, below.Put()) ==
+        ERROR_SUCCESS) {
+      CollectValues(below.Get(), hive, child, out);
+    }
+  }
+}
+
 class Win32Registry final : public IRegistry {
  public:
   std::optional<std::wstring> GetString(RegistryHive hive, const std::wstring& key,
@@ -188,6 +232,23 @@ class Win32Registry final : public IRegistry {
     return RegSetValueExW(opened.Get(), name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&data),
                           sizeof data) == ERROR_SUCCESS;
   }
+  std::vector<RegistryValue> ValuesUnder(RegistryHive hive, const std::wstring& key) override {
+    std::vector<RegistryValue> values;
+    Hkey opened;
+    if (RegOpenKeyExW(RootOf(hive), key.c_str(), 0, KEY_READ, opened.Put()) == ERROR_SUCCESS) {
+      CollectValues(opened.Get(), hive, key, values);
+    }
+    std::sort(values.begin(), values.end(), RegistryOrder);
+    return values;
+  }
+  bool DeleteTree(RegistryHive hive, const std::wstring& key) override {
+    // RegDeleteTreeW empties the key and deletes the keys below it; the key itself goes after.
+    LSTATUS status = RegDeleteTreeW(RootOf(hive), key.c_str());
+    if (status == ERROR_FILE_NOT_FOUND) return true;
+    if (status != ERROR_SUCCESS) return false;
+    status = RegDeleteKeyW(RootOf(hive), key.c_str());
+    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
+  }
 };
 
 class Win32Clock final : public IClock {
@@ -206,12 +267,14 @@ namespace ostrel {
 
 void InstallSystemBackends(Platform& platform) {
   static win32::ComAutomation automation;
+  static win32::Win32WindowTree windows;
   static win32::Win32Encoding encoding;
   static win32::Win32FileSystem files;
   static win32::ProfileIniStore ini;
   static win32::Win32Registry registry;
   static win32::Win32Clock clock;
   platform.automation = &automation;
+  platform.windows = &windows;
   platform.encoding = &encoding;
   platform.files = &files;
   platform.ini = &ini;
