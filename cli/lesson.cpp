@@ -85,28 +85,88 @@ LessonLine DecodeLine(std::string_view bytes, size_t start, const EncodingReader
   return line;
 }
 
+// The offset in bytes of the first NUL character of a line (a zero byte; in UTF-16LE a zero unit), if any. The
+// lesson player's text ends at a NUL, so a line that holds one would reach the library cut short.
+std::optional<size_t> FirstNul(std::string_view bytes, size_t unit) {
+  for (size_t at = 0; at + unit <= bytes.size(); at += unit) {
+    if (IsUnit(bytes, at, unit, '\0')) return at;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
-std::vector<LessonLine> DecodeLesson(std::string_view bytes, LessonEncoding encoding) {
-  const EncodingReader reader = ReaderFor(encoding == LessonEncoding::kDetect ? Detect(bytes) : encoding);
+LessonLineReader::LessonLineReader(std::istream& in, LessonEncoding encoding) : m_in(in), m_encoding(encoding) {}
+
+bool LessonLineReader::ReadBlock() {
+  constexpr size_t kBlock = 64 * 1024;
+  if (m_pos > 0 && m_pos * 2 >= m_buffer.size()) {  // drop what was read before the buffer grows
+    m_buffer.erase(0, m_pos);
+    m_bufferOffset += m_pos;
+    m_pos = 0;
+  }
+  const size_t old = m_buffer.size();
+  m_buffer.resize(old + kBlock);
+  m_in.read(m_buffer.data() + old, static_cast<std::streamsize>(kBlock));
+  const auto got = static_cast<size_t>(m_in.gcount());
+  m_buffer.resize(old + got);
+  if (m_in.bad()) m_failed = true;
+  return got > 0;
+}
+
+std::optional<LessonLine> LessonLineReader::Next() {
+  if (!m_started) {  // the encoding and its byte order mark are told from the first bytes
+    m_started = true;
+    while (m_buffer.size() < 3 && ReadBlock()) {
+    }
+    if (m_encoding == LessonEncoding::kDetect) m_encoding = Detect(m_buffer);
+  }
+  const EncodingReader reader = ReaderFor(m_encoding);
+  if (m_bufferOffset == 0 && m_pos == 0 && !reader.byteOrderMark.empty() &&
+      std::string_view(m_buffer).substr(0, reader.byteOrderMark.size()) == reader.byteOrderMark) {
+    m_pos = reader.byteOrderMark.size();
+  }
   const size_t unit = reader.unit;
-  size_t pos = 0;
-  if (!reader.byteOrderMark.empty() && bytes.substr(0, reader.byteOrderMark.size()) == reader.byteOrderMark) {
-    pos = reader.byteOrderMark.size();
+  size_t end = m_pos;
+  bool hasLineFeed = false;
+  while (true) {
+    while (end + unit <= m_buffer.size() && !IsUnit(m_buffer, end, unit, '\n')) end += unit;
+    hasLineFeed = end + unit <= m_buffer.size();
+    if (hasLineFeed || m_ended) break;
+    const size_t scanned = end - m_pos;
+    if (!ReadBlock()) m_ended = true;
+    end = m_pos + scanned;  // the buffer may have moved
   }
+  if (m_pos >= m_buffer.size()) return std::nullopt;
+  if (!hasLineFeed) end = m_buffer.size();
+  size_t contentEnd = end;
+  if (hasLineFeed && contentEnd >= m_pos + unit && IsUnit(m_buffer, contentEnd - unit, unit, '\r')) contentEnd -= unit;
+  const std::string_view content = std::string_view(m_buffer).substr(m_pos, contentEnd - m_pos);
+  const size_t start = m_bufferOffset + m_pos;
+  LessonLine line = DecodeLine(content, start, reader);
+  if (const std::optional<size_t> nul = FirstNul(content, unit); nul && (!line.nBadOffset || start + *nul < *line.nBadOffset)) {
+    line.nBadOffset = start + *nul;
+  }
+  m_pos = hasLineFeed ? end + unit : m_buffer.size();
+  return line;
+}
+
+std::vector<LessonLine> DecodeLesson(std::string_view bytes, LessonEncoding encoding) {
+  std::istringstream in{std::string(bytes)};
+  LessonLineReader reader(in, encoding);
   std::vector<LessonLine> lines;
-  while (pos < bytes.size()) {
-    size_t end = pos;
-    while (end + unit <= bytes.size() && !IsUnit(bytes, end, unit, '\n')) end += unit;
-    const bool hasLineFeed = end + unit <= bytes.size();
-    if (!hasLineFeed) end = bytes.size();
-    size_t contentEnd = end;
-    if (hasLineFeed && contentEnd >= pos + unit && IsUnit(bytes, contentEnd - unit, unit, '\r')) contentEnd -= unit;
-    lines.push_back(DecodeLine(bytes.substr(pos, contentEnd - pos), pos, reader));
-    if (!hasLineFeed) break;
-    pos = end + unit;
-  }
+  while (std::optional<LessonLine> line = reader.Next()) lines.push_back(std::move(*line));
   return lines;
+}
+
+std::string WhyLessonUnreadable(const std::string& path) {
+  if (path == "-") return "";
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (!std::filesystem::exists(status)) return "no such file";
+  if (std::filesystem::is_directory(status)) return "is a folder, not a lesson file";
+  if (!std::ifstream(path, std::ios::binary)) return "cannot be opened (no permission to read it)";
+  return "";
 }
 
 std::string ReadAll(std::istream& in) {

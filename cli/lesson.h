@@ -32,6 +32,29 @@ std::vector<LessonLine> DecodeLesson(std::string_view bytes, LessonEncoding enco
 // Reads a whole lesson from a file ("-" is standard input). Nothing when the file can't be read.
 std::optional<std::vector<LessonLine>> ReadLesson(const std::string& path, LessonEncoding encoding);
 
+// Reads a lesson line by line from a stream, holding one line and one block of the file at a time, so that the
+// memory a lesson takes doesn't grow with its number of lines. The lines are those of DecodeLesson.
+class LessonLineReader {
+ public:
+  LessonLineReader(std::istream& in, LessonEncoding encoding);
+  // The next line, or nothing at the end of the lesson (or at a read error: see Failed).
+  std::optional<LessonLine> Next();
+  bool Failed() const noexcept { return m_failed; }
+
+ private:
+  bool ReadBlock();  // appends the next block of the stream; false at its end
+
+  std::istream& m_in;
+  LessonEncoding m_encoding;
+  bool m_started = false, m_ended = false, m_failed = false;
+  std::string m_buffer;  // unread bytes from m_pos on; m_buffer[0] is at offset m_bufferOffset of the file
+  size_t m_pos = 0, m_bufferOffset = 0;
+};
+
+// Why a lesson file can't be opened, for a message ("no such file", "is a folder, not a lesson file", ...); empty
+// when it can be. "-" (standard input) always can.
+std::string WhyLessonUnreadable(const std::string& path);
+
 // Characters from reading a stream to its end.
 std::string ReadAll(std::istream& in);
 

@@ -29,6 +29,7 @@ struct LintFinding {
 struct LintedFile {
   std::string path;
   bool bReadable = false;
+  std::string unreadable;  // why it can't be read ("no such file", "is a folder, not a lesson file", ...)
   size_t nLines = 0;
   std::vector<LintFinding> findings;
 };

@@ -1,5 +1,13 @@
 // `ostrel lint [--json] [--encoding E] [FILE...]`: a lesson checker for lesson authors.
+#include <fstream>
 #include <iostream>
+
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#endif
 
 #include "commands.h"
 #include "json.h"
@@ -73,34 +81,51 @@ std::string Plural(size_t count, const char* word) {
 
 }  // namespace
 
+namespace {
+
+void LintLine(const LessonLine& line, size_t number, std::vector<LintFinding>& findings) {
+  const std::wstring& text = line.strText;
+  if (const std::optional<size_t> bad = line.nBadOffset) {
+    findings.push_back({number, LintKind::kBadEncoding, "the first at byte offset " + std::to_string(*bad), text,
+                        tagVantoScript{}, *bad});
+    return;
+  }
+  tagVantoScript script;
+  const CheckedParse parse = ParseScriptChecked(text, script);
+  if (parse.nResult == 0) {
+    findings.push_back({number, LintKind::kNotUnderstood, NotUnderstoodReason(text), text, script});
+  } else if (parse.nEmptyNames > 0) {
+    findings.push_back({number, LintKind::kUnknownCode, "the sentence holds an empty name", text, script});
+  }
+}
+
+}  // namespace
+
 std::vector<LintFinding> LintLines(const std::vector<LessonLine>& lines) {
   std::vector<LintFinding> findings;
-  for (size_t i = 0; i < lines.size(); ++i) {
-    const std::wstring& text = lines[i].strText;
-    if (const std::optional<size_t> bad = lines[i].nBadOffset) {
-      findings.push_back({i + 1, LintKind::kBadEncoding, "the first at byte offset " + std::to_string(*bad), text,
-                          tagVantoScript{}, *bad});
-      continue;
-    }
-    tagVantoScript script;
-    const CheckedParse parse = ParseScriptChecked(text, script);
-    if (parse.nResult == 0) {
-      findings.push_back({i + 1, LintKind::kNotUnderstood, NotUnderstoodReason(text), text, script});
-    } else if (parse.nEmptyNames > 0) {
-      findings.push_back({i + 1, LintKind::kUnknownCode, "the sentence holds an empty name", text, script});
-    }
-  }
+  for (size_t i = 0; i < lines.size(); ++i) LintLine(lines[i], i + 1, findings);
   return findings;
 }
 
+// Reads the lesson a line at a time: only the findings are kept.
 LintedFile LintFile(const std::string& path, LessonEncoding encoding) {
   LintedFile file;
   file.path = path;
-  const std::optional<std::vector<LessonLine>> lines = ReadLesson(path, encoding);
-  if (!lines) return file;
+  file.unreadable = WhyLessonUnreadable(path);
+  if (!file.unreadable.empty()) return file;
+#if defined(_WIN32)
+  if (path == "-") _setmode(_fileno(stdin), _O_BINARY);  // every byte as it is
+#endif
+  std::ifstream opened;
+  if (path != "-") opened.open(path, std::ios::binary);
+  std::istream& in = path == "-" ? std::cin : opened;
+  LessonLineReader reader(in, encoding);
+  while (const std::optional<LessonLine> line = reader.Next()) LintLine(*line, ++file.nLines, file.findings);
+  if (reader.Failed()) {
+    file.unreadable = "read error after line " + std::to_string(file.nLines);
+    return file;
+  }
   file.bReadable = true;
-  file.nLines = lines->size();
-  file.findings = LintLines(*lines);
   return file;
 }
 
@@ -113,7 +138,7 @@ int LintExitStatus(const std::vector<LintedFile>& files) {
 std::string LintReportText(const std::vector<LintedFile>& files) {
   std::string text;
   for (const LintedFile& file : files) {
-    if (!file.bReadable) text += DisplayPath(file.path) + ": cannot be read\n";
+    if (!file.bReadable) text += DisplayPath(file.path) + ": cannot be read (" + file.unreadable + ")\n";
     for (const LintFinding& finding : file.findings) {
       text += DisplayPath(file.path) + ":" + std::to_string(finding.nLine) + ": " + KindName(finding.kind) + " (" +
               finding.reason + "): " + ToUtf8(VisibleText(finding.strLine));

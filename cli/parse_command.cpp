@@ -1,7 +1,17 @@
 // `ostrel parse [--json] [--encoding E] [FILE]`: every line of a lesson through the dispatcher, as a table or as
 // JSON lines.
 #include <algorithm>
+#include <fstream>
 #include <iostream>
+#include <memory>
+#include <sstream>
+
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#endif
 
 #include "commands.h"
 #include "json.h"
@@ -38,69 +48,100 @@ std::wstring VisibleText(const std::wstring& text) {
 
 namespace {
 
-struct ParsedLine {
-  int result;
-  tagVantoScript script;
+constexpr size_t kMaxTitleWidth = 24;
+
+std::wstring Pad(const std::wstring& text, size_t width) {
+  const size_t used = DisplayWidth(text);
+  return text + std::wstring(used < width ? width - used : 0, L' ');
+}
+
+void PrintTableHeader(size_t titleWidth) {
+  std::cout << ToUtf8(Pad(L"line", 6) + Pad(L"result", 8) + Pad(L"title", titleWidth + 2) + L"detail") << '\n';
+}
+
+void PrintTableRow(size_t number, int result, const tagVantoScript& script, size_t titleWidth) {
+  std::wstring row = Pad(std::to_wstring(number), 6) + Pad(std::to_wstring(result), 8) +
+                     Pad(VisibleText(script.strTitle), titleWidth + 2) + VisibleText(script.strDetail);
+  while (!row.empty() && row.back() == L' ') row.pop_back();
+  std::cout << ToUtf8(row) << '\n';
+}
+
+void PrintJsonLine(int result, const tagVantoScript& script) {
+  Json object = Json::object();
+  object["result"] = result;
+  object["title"] = ToUtf8(script.strTitle);
+  object["detail"] = ToUtf8(script.strDetail);
+  std::cout << RenderJson(object) << '\n';
+}
+
+// The lesson, opened anew for each pass: a file is read from disk each time; standard input, which can be read
+// only once, is held in memory.
+class LessonSource {
+ public:
+  explicit LessonSource(const std::string& path) : m_path(path) {
+    if (path != "-") return;
+#if defined(_WIN32)
+    _setmode(_fileno(stdin), _O_BINARY);  // every byte as it is: no CR LF folding, no end at a 0x1A byte
+#endif
+    m_input = ReadAll(std::cin);
+  }
+  std::unique_ptr<std::istream> Open() const {
+    if (m_path == "-") return std::make_unique<std::istringstream>(m_input);
+    return std::make_unique<std::ifstream>(m_path, std::ios::binary);
+  }
+
+ private:
+  std::string m_path, m_input;
 };
-
-void PrintTable(const std::vector<ParsedLine>& parsed) {
-  constexpr size_t kMaxTitleWidth = 24;
-  size_t titleWidth = 5;
-  for (const ParsedLine& line : parsed) {
-    titleWidth = std::max(titleWidth, std::min(kMaxTitleWidth, DisplayWidth(VisibleText(line.script.strTitle))));
-  }
-  auto pad = [](const std::wstring& text, size_t width) {
-    const size_t used = DisplayWidth(text);
-    return text + std::wstring(used < width ? width - used : 0, L' ');
-  };
-  std::cout << ToUtf8(pad(L"line", 6) + pad(L"result", 8) + pad(L"title", titleWidth + 2) + L"detail") << '\n';
-  for (size_t i = 0; i < parsed.size(); ++i) {
-    const ParsedLine& line = parsed[i];
-    std::wstring row = pad(std::to_wstring(i + 1), 6) + pad(std::to_wstring(line.result), 8) +
-                       pad(VisibleText(line.script.strTitle), titleWidth + 2) + VisibleText(line.script.strDetail);
-    while (!row.empty() && row.back() == L' ') row.pop_back();
-    std::cout << ToUtf8(row) << '\n';
-  }
-}
-
-void PrintJsonLines(const std::vector<ParsedLine>& parsed) {
-  for (const ParsedLine& line : parsed) {
-    Json object = Json::object();
-    object["result"] = line.result;
-    object["title"] = ToUtf8(line.script.strTitle);
-    object["detail"] = ToUtf8(line.script.strDetail);
-    std::cout << RenderJson(object) << '\n';
-  }
-}
 
 }  // namespace
 
+// Two passes over the lesson, each holding one line at a time: the first refuses a line that isn't valid in its
+// encoding before anything is printed (it would reach the library altered) and measures the table's title
+// column; the second parses and prints.
 int RunParseCommand(const ParseOptions& options) {
-  const std::optional<std::vector<LessonLine>> lines = ReadLesson(options.path, options.encoding);
   const std::string shownPath = options.path == "-" ? "<stdin>" : options.path;
-  if (!lines) {
-    std::cerr << "ostrel parse: cannot read " << shownPath << "\n";
+  if (const std::string why = WhyLessonUnreadable(options.path); !why.empty()) {
+    std::cerr << "ostrel parse: " << shownPath << ": " << why << "\n";
     return 2;
   }
-  // A line that isn't valid in its encoding would reach the library altered: refuse the file.
-  for (size_t i = 0; i < lines->size(); ++i) {
-    if (const std::optional<size_t> bad = (*lines)[i].nBadOffset) {
-      std::cerr << "ostrel parse: " << shownPath << ":" << i + 1 << ": invalid bytes for the encoding at byte offset "
-                << *bad << " (--encoding gbk, utf-8 or utf-16le reads another encoding)\n";
+  const LessonSource source(options.path);
+  Ostrel_Init();
+  size_t titleWidth = 5;
+  {
+    const std::unique_ptr<std::istream> in = source.Open();
+    LessonLineReader reader(*in, options.encoding);
+    size_t number = 0;
+    while (const std::optional<LessonLine> line = reader.Next()) {
+      ++number;
+      if (line->nBadOffset) {
+        std::cerr << "ostrel parse: " << shownPath << ":" << number << ": invalid bytes for the encoding at byte offset "
+                  << *line->nBadOffset << " (--encoding gbk, utf-8 or utf-16le reads another encoding)\n";
+        Ostrel_UnInit();
+        return 2;
+      }
+      if (options.bJson) continue;
+      tagVantoScript script;
+      Ostrel_ParseScript(line->strText, script);
+      titleWidth = std::max(titleWidth, std::min(kMaxTitleWidth, DisplayWidth(VisibleText(script.strTitle))));
+    }
+    if (reader.Failed()) {
+      std::cerr << "ostrel parse: " << shownPath << ":" << number + 1 << ": read error\n";
+      Ostrel_UnInit();
       return 2;
     }
   }
-  Ostrel_Init();
-  std::vector<ParsedLine> parsed;
-  parsed.reserve(lines->size());
-  for (const LessonLine& line : *lines) {
-    ParsedLine result{};
-    result.result = Ostrel_ParseScript(line.strText, result.script);
-    parsed.push_back(std::move(result));
+  if (!options.bJson) PrintTableHeader(titleWidth);
+  const std::unique_ptr<std::istream> in = source.Open();
+  LessonLineReader reader(*in, options.encoding);
+  size_t number = 0;
+  while (const std::optional<LessonLine> line = reader.Next()) {
+    tagVantoScript script;
+    const int result = Ostrel_ParseScript(line->strText, script);
+    if (options.bJson) PrintJsonLine(result, script);
+    else PrintTableRow(++number, result, script, titleWidth);
   }
   Ostrel_UnInit();
-  if (options.bJson) PrintJsonLines(parsed);
-  else PrintTable(parsed);
   return 0;
 }
 

@@ -37,7 +37,8 @@ bool LoadRegistryFile(const std::filesystem::path& file, MemoryRegistry& registr
   if (!root) return Fail(error, "isn't JSON");
   if (!root->is_object()) return Fail(error, "wants an object of hives");
   for (const auto& [hiveName, keys] : root->items()) {
-    const auto* hive = std::find_if(kHives.begin(), kHives.end(), [&](const auto& h) { return hiveName == h.second; });
+    const std::string& name = hiveName;  // a plain reference: clang 14 can't capture a structured binding
+    const auto* hive = std::find_if(kHives.begin(), kHives.end(), [&](const auto& h) { return name == h.second; });
     if (hive == kHives.end())
       return Fail(error, "unknown hive \"" + hiveName + "\" (HKEY_CURRENT_USER or HKEY_LOCAL_MACHINE)");
     if (!keys.is_object()) return Fail(error, hiveName + ": wants an object of keys");

@@ -77,10 +77,27 @@ Json ParseJson(std::string_view text, const std::string& source) {
     if (auto colon = detail.find(": ", detail.find("column")); colon != std::string::npos) detail = detail.substr(colon + 2);
     throw ScenarioError(source + ":" + std::to_string(line) + ":" + std::to_string(column) + ": JSON syntax error: " +
                         detail);
+  } catch (const Json::out_of_range& e) {
+    // A number beyond a double (1e999): the reader names the number but not its place, so the first place where
+    // that text stands is given.
+    const std::string detail = e.what();
+    const size_t quote = detail.find('\'');
+    const std::string number = quote == std::string::npos ? "" : detail.substr(quote + 1, detail.rfind('\'') - quote - 1);
+    const size_t at = number.empty() ? std::string_view::npos : text.find(number);
+    std::string place = source;
+    if (at != std::string_view::npos) {
+      const auto [line, column] = LineColumn(text, at + 1);
+      place += ":" + std::to_string(line) + ":" + std::to_string(column);
+    }
+    throw ScenarioError(place + ": JSON number out of range: " + number);
   }
 }
 
+// The text of a regular file; nothing for anything else (a folder, a device such as /dev/zero that would never
+// end, a path that isn't there).
 std::string ReadText(const std::filesystem::path& file) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error)) return {};
   std::ifstream in(file, std::ios::binary);
   if (!in) return {};
   std::ostringstream text;
@@ -89,7 +106,8 @@ std::string ReadText(const std::filesystem::path& file) {
 }
 
 void Loader::ExpectKeys(const Json& object, Keys allowed, const std::string& pointer) const {
-  for (const auto& [name, value] : object.items()) {
+  for (const auto& item : object.items()) {
+    const std::string& name = item.key();  // a plain reference: clang 14 can't capture a structured binding
     if (std::none_of(allowed.begin(), allowed.end(), [&](const char* a) { return name == a; })) {
       Fail(PointerTo(pointer, name), "unknown key \"" + name + "\"");
     }
@@ -463,7 +481,9 @@ void Loader::LoadUnsettled(const Json& root, State& state) {
       {"charIDToTypeIDOfOtherLength", "fails", "minusOne", &state.unsettled.charIdOfOtherLengthGivesMinusOne},
       {"getIntegerOfBoolean", "zeroOrOne", "fails", &state.unsettled.integerOfBooleanFails},
   };
-  for (const auto& [key, value] : unsettled->items()) {
+  for (const auto& item : unsettled->items()) {
+    const std::string& key = item.key();  // a plain reference: clang 14 can't capture a structured binding
+    const Json& value = item.value();
     const std::string at = PointerTo("/unsettled", key);
     const auto choice =
         std::find_if(std::begin(choices), std::end(choices), [&](const Choice& c) { return key == c.key; });
@@ -525,8 +545,10 @@ Scenario ParseScenario(std::string_view json, const std::filesystem::path& baseD
 }
 
 Scenario LoadScenarioFile(const std::filesystem::path& file) {
+  std::error_code error;
+  if (std::filesystem::is_directory(file, error)) throw ScenarioError(file.string() + ": is a folder, not a scenario file");
   std::ifstream in(file, std::ios::binary);
-  if (!in) throw ScenarioError(file.string() + ": cannot read the file");
+  if (!in || !std::filesystem::is_regular_file(file, error)) throw ScenarioError(file.string() + ": cannot read the file");
   return ParseScenario(ReadText(file), file.parent_path(), file.string());
 }
 

@@ -1,6 +1,7 @@
 // Number reading, formatting and UTF-8 conversion for wide text, independent of locale and of wchar_t's width.
 #include "platform/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <climits>
 #include <cmath>
@@ -64,10 +65,17 @@ bool DecimalIsHuge(std::string_view digits) {
     if (seenPoint && !seenSignificant && c == '0') --magnitude;
     if (c != '0') seenSignificant = true;
   }
+  // The exponent's digits, held at a billion: far beyond any double's, and far from overflowing the sum.
+  constexpr long long kExponentLimit = 1'000'000'000;
   long long exponent = 0;
   if (i < digits.size() && (digits[i] == 'e' || digits[i] == 'E')) {
-    std::from_chars(digits.data() + i + 1 + (digits.size() > i + 1 && digits[i + 1] == '+'),
-                    digits.data() + digits.size(), exponent);
+    size_t j = i + 1;
+    const bool negativeExponent = j < digits.size() && digits[j] == '-';
+    if (j < digits.size() && (digits[j] == '+' || digits[j] == '-')) ++j;
+    for (; j < digits.size() && digits[j] >= '0' && digits[j] <= '9'; ++j) {
+      exponent = std::min(kExponentLimit, exponent * 10 + (digits[j] - '0'));
+    }
+    if (negativeExponent) exponent = -exponent;
   }
   return magnitude + exponent > 0;
 }

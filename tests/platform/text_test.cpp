@@ -69,6 +69,11 @@ constexpr WToFCase kWToFCases[] = {
     {L"1e999", HUGE_VAL},
     {L"-1e999", -HUGE_VAL},
     {L"1e-999", 0.0},
+    // Exponents beyond a long long: held, not wrapped or dropped (fuzz_text_numbers found both).
+    {L"1e-99999999999999999999", 0.0},
+    {L"1e99999999999999999999", HUGE_VAL},
+    {L"1e0009223372036854775807", HUGE_VAL},
+    {L"0.0001e-9223372036854775808", 0.0},
 };
 
 TEST(WToFTest, ReadsAsTheWindowsRuntimeDoes) {
