@@ -55,7 +55,8 @@ TEST_F(BadInputTest, LessonWithInvalidBytesIsRefusedByParseAndReportedByLint) {
 }
 
 TEST_F(BadInputTest, LessonWithNulBytesIsRefusedAtTheFirstNul) {
-  const std::string file = Write("nul.lesson", "TOOL,72\nTOOL\0,5\n"s);
+  // Not "nul.lesson": NUL with any extension is a device on Windows, not a file.
+  const std::string file = Write("nul-bytes.lesson", "TOOL,72\nTOOL\0,5\n"s);
   ExpectRun(RunInProcess({"parse", file}), 2, file + ":2: invalid bytes for the encoding at byte offset 12");
   ExpectRun(RunInProcess({"lint", file}), 1, file + ":2: invalid bytes (the first at byte offset 12): TOOL\\x00,5");
   // UTF-16LE saved without its byte order mark reads as UTF-8 with a NUL after every ASCII letter.
