@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "../support/example_scenarios.h"
 #include "calls.h"
 #include "frame/guard.h"
 #include "ostrel/OstrelCore.h"
@@ -25,18 +26,6 @@
 
 namespace ostrel::cli {
 namespace {
-
-std::filesystem::path Scenario(const char* name) {
-  return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
-}
-
-// Each scenario is read once; every run starts a fresh Photoshop from a copy.
-const sim::Scenario& LoadedScenario(const char* name) {
-  static std::map<std::string, sim::Scenario> loaded;
-  auto found = loaded.find(name);
-  if (found == loaded.end()) found = loaded.emplace(name, sim::LoadScenarioFile(Scenario(name))).first;
-  return found->second;
-}
 
 // The export's printed result against a fresh Photoshop of the scenario, with the n-th call failing (0: none).
 struct FaultedRun {
@@ -48,7 +37,7 @@ struct FaultedRun {
 };
 
 FaultedRun RunOnce(const CallEntry& entry, const char* scenario, int64_t n, sim::FaultMode mode) {
-  sim::SimulatedPhotoshop photoshop(LoadedScenario(scenario));
+  sim::SimulatedPhotoshop photoshop(test::ExampleScenario(scenario));
   ScopedPlatform platform(Platform{.automation = &photoshop});
   FaultedRun run;
   if (Ostrel_Init() != 1) {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -13,23 +12,14 @@
 #include "platform/platform.h"
 #include "simulator/photoshop.h"
 #include "simulator/scenario.h"
+#include "../support/example_scenarios.h"
 
 namespace ostrel::test {
 
-inline std::filesystem::path ExamplesDir() {
-  return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop";
-}
-
 class ConnectedPhotoshopTest : public ::testing::Test {
  protected:
-  // Each example file is read once per test program; every connection starts from a fresh copy.
   void Connect(const char* scenarioFile = "layers_and_group.json") {
-    static std::map<std::string, sim::Scenario> loaded;
-    auto found = loaded.find(scenarioFile);
-    if (found == loaded.end()) {
-      found = loaded.emplace(scenarioFile, sim::LoadScenarioFile(ExamplesDir() / scenarioFile)).first;
-    }
-    Install(sim::SimulatedPhotoshop(found->second));
+    Install(sim::SimulatedPhotoshop(ExampleScenario(scenarioFile)));
   }
   void ConnectToText(const std::string& scenario) {
     Install(sim::SimulatedPhotoshop(sim::ParseScenario(scenario, ExamplesDir(), "test.json")));

@@ -249,25 +249,25 @@ TEST_F(LayerListTest, TheObjectModelsBlendNumbersAgreeWithTheBlendIds) {
 }
 
 TEST_F(LayerListTest, TheActiveLayerThroughTheObjectModel) {
-  ConnectToText(R"({"documents": [{"descriptor": {"title": "a（索引#）.gif"}, "activeLayer": 3, "layers": [
-      {"descriptor": {"name": "Layer 1", "layerID": 2, "opacity": 128, "fillOpacity": 255,
-        "layerLocking": {"_obj": "layerLocking", "protectAll": false, "protectComposite": true,
-                         "protectPosition": false, "protectTransparency": true},
-        "bounds": {"_obj": "rectangle", "left": {"_unit": "pixelsUnit", "_value": 0}, "top": {"_unit": "pixelsUnit", "_value": 0},
-                   "right": {"_unit": "pixelsUnit", "_value": 0}, "bottom": {"_unit": "pixelsUnit", "_value": 0.00005}}}},
-      {"descriptor": {"name": "背景", "layerID": 3, "background": true,
-        "bounds": {"_obj": "rectangle", "left": {"_unit": "pixelsUnit", "_value": 0}, "top": {"_unit": "pixelsUnit", "_value": 0},
-                   "right": {"_unit": "pixelsUnit", "_value": 0}, "bottom": {"_unit": "pixelsUnit", "_value": 40}}}}]}]})");
+  // Layer 1 (id 2): bounds zero but for 0.00005; the background (id 3): its bottom edge at 40.
+  const auto document = [](const std::string& title, int activeLayer) {
+    const auto bounds = [](const char* bottom) {
+      return std::string(R"("bounds": {"_obj": "rectangle", "left": {"_unit": "pixelsUnit", "_value": 0},
+          "top": {"_unit": "pixelsUnit", "_value": 0}, "right": {"_unit": "pixelsUnit", "_value": 0},
+          "bottom": {"_unit": "pixelsUnit", "_value": )") + bottom + "}}";
+    };
+    return R"({"documents": [{"descriptor": {"title": ")" + title + R"("}, "activeLayer": )" +
+           std::to_string(activeLayer) + R"(, "layers": [
+        {"descriptor": {"name": "Layer 1", "layerID": 2, "opacity": 128, "fillOpacity": 255,
+          "layerLocking": {"_obj": "layerLocking", "protectAll": false, "protectComposite": true,
+                           "protectPosition": false, "protectTransparency": true}, )" + bounds("0.00005") + R"(}},
+        {"descriptor": {"name": "背景", "layerID": 3, "background": true, )" + bounds("40") + "}}]}]}";
+  };
+  ConnectToText(document("a（索引#）.gif", 3));
   EXPECT_EQ(Ostrel_GetLastSelectLayerName(), L"索引");  // the background of an indexed-colour document
   EXPECT_EQ(Ostrel_IsLayerEmpty(0), 0);                  // only the last edge is above zero
 
-  ConnectToText(R"({"documents": [{"descriptor": {"title": "a.psd"}, "activeLayer": 2, "layers": [
-      {"descriptor": {"name": "Layer 1", "layerID": 2, "opacity": 128, "fillOpacity": 255,
-        "layerLocking": {"_obj": "layerLocking", "protectAll": false, "protectComposite": true,
-                         "protectPosition": false, "protectTransparency": true},
-        "bounds": {"_obj": "rectangle", "left": {"_unit": "pixelsUnit", "_value": 0}, "top": {"_unit": "pixelsUnit", "_value": 0},
-                   "right": {"_unit": "pixelsUnit", "_value": 0}, "bottom": {"_unit": "pixelsUnit", "_value": 0.00005}}}},
-      {"descriptor": {"name": "背景", "layerID": 3, "background": true}}]}]})");
+  ConnectToText(document("a.psd", 2));
   EXPECT_EQ(Ostrel_GetCurrentLayerOpacity(), 50);  // 128 of 255 is 50.2 percent, cut
   EXPECT_EQ(Ostrel_GetCurrentLayerFillOpacity(), 100);
   EXPECT_EQ(Ostrel_IsCurrentLayerLockAll(), 0);
