@@ -22,9 +22,6 @@
 namespace ostrel {
 namespace {
 
-const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.130", L"Photoshop.ActionDescriptor.130",
-                                               L"Photoshop.ActionReference.130"};
-
 // The kind of apartment the calling thread is in, or "none".
 enum class Apartment { kNone, kSingleThreaded, kMultithreaded, kOther };
 
@@ -100,7 +97,7 @@ class ApartmentTest : public ::testing::TestWithParam<CallerCase> {
   ScopedPlatform m_platform{Platform{.parameters = &m_parameters}};  // automation stays real COM
   sim::SimulatedPhotoshop m_photoshop = sim::SimulatedPhotoshop::FromFile(
       std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / "layers_and_group.json");
-  testing::ComBridge m_bridge{m_photoshop, kProgIds130};
+  testing::ComBridge m_bridge{m_photoshop, testing::kProgIds130};
 };
 
 TEST_P(ApartmentTest, ConnectsInTheCallersApartmentAndLeavesItAsItWas) {

@@ -12,6 +12,10 @@
 
 namespace ostrel::testing {
 
+// The ProgIDs of version 130 (Photoshop CC 2019), the three that a bridge registers for a simulated Photoshop.
+inline const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.130", L"Photoshop.ActionDescriptor.130",
+                                                      L"Photoshop.ActionReference.130"};
+
 class ComBridge {
  public:
   // Registers each ProgID as a COM class whose instances come from backend->Create(progId). Any other

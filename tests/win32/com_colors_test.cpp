@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "../support/example_scenarios.h"
 #include "com_bridge.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
@@ -17,13 +18,6 @@
 
 namespace ostrel {
 namespace {
-
-std::filesystem::path Scenario(const char* name) {
-  return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
-}
-
-const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.130", L"Photoshop.ActionDescriptor.130",
-                                               L"Photoshop.ActionReference.130"};
 
 // Red 0x0C, green 0x00, blue 0xFF.
 constexpr std::uint32_t kSet = 0x00FF000Cu;
@@ -42,10 +36,10 @@ TEST_F(ComColorsTest, TheForegroundColourSetIsTheColourRead) {
   std::uint32_t original = 0;
   for (int n = 0;; ++n) {  // n = 0: no failure
     SCOPED_TRACE(n);
-    sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
+    sim::SimulatedPhotoshop photoshop(test::ExampleScenario("layers_and_group.json"));
     bool fired = false;
     {
-      testing::ComBridge bridge(photoshop, kProgIds130);
+      testing::ComBridge bridge(photoshop, testing::kProgIds130);
       ASSERT_EQ(Ostrel_Init(), 1);
       if (n == 0) {
         ASSERT_EQ(Ostrel_GetForegroundColor(original), 1);

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+#include "../support/example_scenarios.h"
 #include "com_bridge.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
@@ -16,13 +17,6 @@
 
 namespace ostrel {
 namespace {
-
-std::filesystem::path Scenario(const char* name) {
-  return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
-}
-
-const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.130", L"Photoshop.ActionDescriptor.130",
-                                               L"Photoshop.ActionReference.130"};
 
 // One export, run to a printable answer: its result, its out-parameter, and the answer a failure gives.
 struct ExportCase {
@@ -83,10 +77,10 @@ TEST_P(ComExportsTest, AnswersThroughRealComAndFailsCleanlyAtEveryCall) {
   const long bridgeBaseline = testing::ComBridge::LiveObjects();
   for (int n = 0;; ++n) {  // n = 0: no failure
     SCOPED_TRACE(n);
-    sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
+    sim::SimulatedPhotoshop photoshop(test::ExampleScenario("layers_and_group.json"));
     bool fired = false;
     {
-      testing::ComBridge bridge(photoshop, kProgIds130);
+      testing::ComBridge bridge(photoshop, testing::kProgIds130);
       ASSERT_EQ(Ostrel_Init(), 1);
       if (n > 0) photoshop.FailCall(n);
       const std::wstring answer = c.run();

@@ -5,6 +5,7 @@
 
 #include <objbase.h>
 
+#include "../support/example_scenarios.h"
 #include "com_bridge.h"
 #include "frame/guard.h"
 #include "ostrel/lifecycle.h"
@@ -16,13 +17,6 @@
 
 namespace ostrel {
 namespace {
-
-std::filesystem::path Scenario(const char* name) {
-  return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
-}
-
-const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.130", L"Photoshop.ActionDescriptor.130",
-                                               L"Photoshop.ActionReference.130"};
 
 class ComSimulatorTest : public ::testing::Test {
  protected:
@@ -42,8 +36,8 @@ int ReadShadowName(std::wstring& name) {
 }
 
 TEST_F(ComSimulatorTest, ReadsAndCommandsCrossRealInvoke) {
-  sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
-  testing::ComBridge bridge(photoshop, kProgIds130);
+  sim::SimulatedPhotoshop photoshop(test::ExampleScenario("layers_and_group.json"));
+  testing::ComBridge bridge(photoshop, testing::kProgIds130);
   m_parameters.Set(EnTallyKey::kPhotoshopVersionName, L"Adobe Photoshop CC 2019");
   ASSERT_EQ(Ostrel_Init(), 1);
   std::wstring name;
@@ -61,10 +55,10 @@ TEST_F(ComSimulatorTest, AFailureAtAnyCallLeavesNothingAliveOnEitherSide) {
   const long bridgeBaseline = testing::ComBridge::LiveObjects();
   for (int n = 1;; ++n) {
     SCOPED_TRACE(n);
-    sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
+    sim::SimulatedPhotoshop photoshop(test::ExampleScenario("layers_and_group.json"));
     bool fired = false;
     {
-      testing::ComBridge bridge(photoshop, kProgIds130);
+      testing::ComBridge bridge(photoshop, testing::kProgIds130);
       m_parameters.Set(EnTallyKey::kPhotoshopVersionName, L"Adobe Photoshop CC 2019");
       ASSERT_EQ(Ostrel_Init(), 1);
       photoshop.FailCall(n);
