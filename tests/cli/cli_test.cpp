@@ -226,20 +226,9 @@ TEST(ToolProcessTest, OutputAndExitStatus) {
   EXPECT_NE(status, 0);
   RunTool("call Ostrel_Nothing", status);
   EXPECT_NE(status, 0);
-  EXPECT_NE(RunTool("call --list", status).find("Ostrel_ParseScriptWokrZone(items: string[], out script"),
-            std::string::npos);
-  EXPECT_NE(RunTool("--version", status).find("ostrel "), std::string::npos);
-  EXPECT_EQ(RunTool("call Ostrel_ToolIndexToNameCN -1", status), "{\"result\": \"NULL\"}\n");
-  // --photoshop runs against the simulated Photoshop, before or after the command; without it there is none.
-  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle --photoshop " + examples + "photoshop/only_130.json", status),
-            "{\"result\": 1}\n");
-  EXPECT_EQ(status, 0);
-  EXPECT_EQ(RunTool("call Ostrel_IsServiceIdle", status), "{\"result\": 0}\n");
+  // Without a Photoshop that starts, Ostrel_Init answers 0 through the whole tool.
   EXPECT_EQ(RunTool("--photoshop " + examples + "photoshop/nothing_reachable.json call Ostrel_Init", status),
             "{\"result\": 0}\n");
-  EXPECT_EQ(RunTool("--count-calls --photoshop " + examples + "photoshop/layers_and_group.json call "
-                    "Ostrel_IsServiceIdle", status),
-            "{\"result\": 1, \"automationCalls\": 1}\n");
   RunTool("call Ostrel_Init --photoshop /no/such/scenario.json", status);
   EXPECT_NE(status, 0);
 }

@@ -19,8 +19,6 @@ struct ParamCase {
   std::map<int, std::wstring> params;  // what the library is given
 };
 
-void PrintTo(const ParamCase& c, std::ostream* os) { *os << c.name; }
-
 class ParamTest : public ::testing::TestWithParam<ParamCase> {};
 
 TEST_P(ParamTest, ReachesTheLibraryAsGiven) {
@@ -48,8 +46,6 @@ struct BadCase {
   std::vector<std::string> args;
   const char* named;  // the message names this
 };
-
-void PrintTo(const BadCase& c, std::ostream* os) { *os << c.name; }
 
 class BadCommandLineTest : public ::testing::TestWithParam<BadCase> {};
 

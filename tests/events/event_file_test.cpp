@@ -77,10 +77,6 @@ const ReaderCase kReaderCases[] = {
 
 class EventReaderTest : public EventFileTest, public ::testing::WithParamInterface<ReaderCase> {};
 
-void PrintTo(const ReaderCase& c, std::ostream* out) {
-  *out << c.name;
-}
-
 TEST_P(EventReaderTest, GivesTheEventAndLeavesTheKey) {
   const ReaderCase& c = GetParam();
   WriteEventFile(c.file);
@@ -151,10 +147,6 @@ const AddMaskCase kAddMaskCases[] = {
 
 class AddMaskTest : public EventFileTest, public ::testing::WithParamInterface<AddMaskCase> {};
 
-void PrintTo(const AddMaskCase& c, std::ostream* out) {
-  *out << c.name;
-}
-
 TEST_P(AddMaskTest, GivesTheMaskAndItsLayers) {
   const AddMaskCase& c = GetParam();
   WriteEventFile(c.file);
@@ -195,10 +187,6 @@ const LoadSelectionCase kLoadSelectionCases[] = {
 };
 
 class LoadSelectionTest : public EventFileTest, public ::testing::WithParamInterface<LoadSelectionCase> {};
-
-void PrintTo(const LoadSelectionCase& c, std::ostream* out) {
-  *out << c.name;
-}
 
 TEST_P(LoadSelectionTest, GivesTheSelectionAndTakesOnlyTheName) {
   const LoadSelectionCase& c = GetParam();

@@ -96,10 +96,6 @@ const DamagedCase kDamagedCases[] = {
 
 class DamagedFileTest : public EventFileTest, public ::testing::WithParamInterface<DamagedCase> {};
 
-void PrintTo(const DamagedCase& c, std::ostream* out) {
-  *out << c.name;
-}
-
 TEST_P(DamagedFileTest, EveryReaderGivesItsEmptyAnswer) {
   if (std::string(GetParam().name) != "Missing") WriteBytes(TempFile(), GetParam().bytes);
   ExpectNoEvent();

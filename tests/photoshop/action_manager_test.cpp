@@ -1,13 +1,11 @@
 // The read and command shapes against the simulated Photoshop: reference forms, the background offset that a
-// caller applies, walkers, commands with dialog mode 3, and faults at every call leaving nothing alive.
+// caller applies, walkers and commands with dialog mode 3.
 #include "photoshop/action_manager.h"
 
 #include <gtest/gtest.h>
 
-#include "frame/guard.h"
 #include "ostrel/lifecycle.h"
 #include "platform/platform.h"
-#include "platform/portable/portable_backends.h"
 #include "simulator/photoshop.h"
 
 namespace ostrel {
@@ -77,53 +75,6 @@ TEST_F(ActionManagerTest, CommandsCarryDialogModeThree) {
   EXPECT_EQ(entry.event, L"select");
   EXPECT_EQ(entry.dialogMode, 3);
   EXPECT_NE(entry.descriptor.find("toggleRulers"), std::string::npos);
-}
-
-// The read of one layer key as an export would do it, inside its guarded region.
-int ReadShadowOpacity() {
-  if (!IsConnected()) return -1;
-  return Guarded(-1, [] {
-    using namespace am;
-    return GetInteger(ReadLayerById(4, L"opacity"), StringId(L"opacity"));
-  });
-}
-
-TEST(ActionManagerFaultTest, AFailureAtAnyCallGivesTheDefaultAndLeavesNothingAlive) {
-  int defaults = 0;
-  for (const sim::FaultMode mode : {sim::FaultMode::kTransient, sim::FaultMode::kPersistent}) {
-    for (int n = 1;; ++n) {
-      SCOPED_TRACE(testing::Message() << "call " << n << (mode == sim::FaultMode::kTransient ? " transient" : " persistent"));
-      sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
-      ScopedPlatform platform(Platform{.automation = &photoshop});
-      ASSERT_EQ(Ostrel_Init(), 1);
-      photoshop.FailCall(n, mode);
-      const int opacity = ReadShadowOpacity();
-      EXPECT_TRUE(opacity == 128 || opacity == -1) << opacity;  // the value or the default, never a throw
-      defaults += opacity == -1;  // (a failed creation of the result's placeholder descriptor is harmless)
-      Ostrel_UnInit();
-      EXPECT_EQ(photoshop.LiveObjects(), 0);
-      if (!photoshop.FaultFired()) break;
-      ASSERT_LT(n, 100) << "the read never ran past the fault";
-    }
-  }
-  EXPECT_GT(defaults, 10);
-}
-
-TEST(ConnectionSimulatorTest, OnlyTheReachableVersionAnswers) {
-  sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("only_130.json"));
-  ProcessParameters parameters;
-  parameters.Set(EnTallyKey::kPhotoshopVersionName, L"Adobe Photoshop 2020");
-  ScopedPlatform platform(Platform{.automation = &photoshop, .parameters = &parameters});
-  EXPECT_EQ(Ostrel_Init(), 1);
-  EXPECT_EQ(ReferenceProgID(), L"Photoshop.ActionReference.130");
-  EXPECT_EQ(photoshop.CreatedVersion(), 130);
-  EXPECT_EQ(Ostrel_IsServiceIdle(), 1);
-  Ostrel_UnInit();
-
-  sim::SimulatedPhotoshop nothing = sim::SimulatedPhotoshop::FromFile(Scenario("nothing_reachable.json"));
-  ScopedPlatform none(Platform{.automation = &nothing});
-  EXPECT_EQ(Ostrel_Init(), 0);
-  EXPECT_EQ(nothing.Calls("Create"), 12);
 }
 
 }  // namespace

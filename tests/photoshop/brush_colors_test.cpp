@@ -116,18 +116,13 @@ TEST_F(BrushColorsTest, AFailedColourReadGivesZeroAndColourZero) {
   EXPECT_EQ(Ostrel_SetBackgroundColor(0x00123456u), 0);
 }
 
-TEST(BrushColorsUnconnectedTest, ColoursAndPanelsGiveZero) {
+TEST(BrushColorsUnconnectedTest, ColourReadsClearTheColour) {
   std::uint32_t color = 0x00123456u;
   EXPECT_EQ(Ostrel_GetForegroundColor(color), 0);
   EXPECT_EQ(color, 0u);
   color = 5;
   EXPECT_EQ(Ostrel_GetBackgroundColor(color), 0);
   EXPECT_EQ(color, 0u);
-  EXPECT_EQ(Ostrel_SetForegroundColor(0), 0);
-  EXPECT_EQ(Ostrel_IsLayerPanelVisible(), 0);
-  EXPECT_EQ(Ostrel_SetPathPannelVisible(), 0);
-  EXPECT_EQ(Ostrel_IsBrushPresetUseNoise(), 0);
-  EXPECT_EQ(Ostrel_GetUiLanguage(), L"");
 }
 
 // ---- Interface language ------------------------------------------------------------------------------------------

@@ -11,37 +11,10 @@
 #include "connected_photoshop.h"
 #include "frame/guard.h"
 #include "ostrel/OstrelCore.h"
-#include "platform/window_tree.h"
+#include "platform/portable/recorded_windows.h"
 
 namespace ostrel {
 namespace {
-
-// A window tree that holds only Photoshop's main window, with a title.
-class MainWindowOnly : public IWindowTree {
- public:
-  explicit MainWindowOnly(std::wstring title) : m_title(std::move(title)) {}
-  WindowHandle FindTopLevel(const std::wstring& className, const std::wstring*) override {
-    return className == L"Photoshop" ? kFrame : 0;
-  }
-  std::wstring TextOf(WindowHandle window) override { return window == kFrame ? m_title : L""; }
-  WindowHandle FindChild(WindowHandle, const std::wstring&) override { return 0; }
-  WindowHandle FindDescendantByClass(WindowHandle, const std::wstring&) override { return 0; }
-  bool GetDescendants(WindowHandle, bool, std::vector<WindowHandle>&) override { return false; }
-  WindowHandle ParentOf(WindowHandle) override { return 0; }
-  bool RectOf(WindowHandle, WindowRect&) override { return false; }
-  bool IsVisible(WindowHandle window) override { return window == kFrame; }
-  WindowHandle WindowAt(int32_t, int32_t) override { return 0; }
-  std::wstring ClassOf(WindowHandle window) override { return window == kFrame ? L"Photoshop" : L""; }
-  bool SetText(WindowHandle, const std::wstring&) override { return false; }
-  bool GiveFocus(WindowHandle) override { return false; }
-  bool PressEnter(WindowHandle) override { return false; }
-  int32_t ComboBoxCount(WindowHandle) override { return -1; }
-  int32_t ComboBoxSelection(WindowHandle) override { return -1; }
-
- private:
-  static constexpr WindowHandle kFrame = 0x1A2B;
-  std::wstring m_title;
-};
 
 std::vector<std::pair<int, int>> Pairs(const std::vector<tagLayerStyleInfo>& styles) {
   std::vector<std::pair<int, int>> pairs;
@@ -113,7 +86,12 @@ TEST_F(LayerMasksTest, WhatIsBeingEditedComesFromTheMainWindowsTitle) {
     SCOPED_TRACE(c.layer);
     ConnectToText(std::string(R"({"documents": [{"descriptor": {"title": "海报.psd"}, "layers": [
         {"descriptor": {"name": "图层 1", "layerID": 2, )") + c.layer + "}}]}]}");
-    MainWindowOnly window(c.title ? c.title : L"");
+    RecordedWindowTree tree;  // Photoshop's main window alone
+    RecordedWindow& frame = tree.windows.emplace_back();
+    frame.hwnd = 0x1A2B;
+    frame.className = L"Photoshop";
+    frame.title = c.title ? c.title : L"";
+    RecordedWindows window(tree);
     std::unique_ptr<ScopedPlatform> windows;
     if (c.title) windows = std::make_unique<ScopedPlatform>(Platform{.windows = &window});
     EXPECT_EQ(Ostrel_IsCurrentSelectLayerMask(), c.layerMask);

@@ -117,8 +117,6 @@ TEST_F(ShapeToolTest, TheExampleShapeTool) {
   EXPECT_EQ(preset, EnStrokeStylePreset{1});
 }
 
-TEST(ShapeUnconnectedTest, ThePenCommandGivesZero) { EXPECT_EQ(Ostrel_SetPenToolGeometryModeToShape(), 0); }
-
 TEST(ColorFromChannelsTest, CutTowardZeroAndMaskedRedLow) {
   EXPECT_EQ(ColorFromChannels(12.9, 0.2, 255.0), 0x00FF000Cu);
   EXPECT_EQ(ColorFromChannels(1.0, 2.0, 3.0), 0x00030201u);

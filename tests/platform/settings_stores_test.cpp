@@ -137,8 +137,6 @@ constexpr IniReadCase kIniReadCases[] = {
     {"GbkBadBytesDontStopTheReading", kBadAnsi, Encoding::kUtf8, L"Event", L"Next", L"1"},
 };
 
-void PrintTo(const IniReadCase& c, std::ostream* out) { *out << c.name; }
-
 std::string CaseName(const ::testing::TestParamInfo<IniReadCase>& info) { return info.param.name; }
 
 class IniReadTest : public ::testing::TestWithParam<IniReadCase> {

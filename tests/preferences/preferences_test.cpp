@@ -195,10 +195,6 @@ constexpr VersionCase kVersionCases[] = {
 
 class VersionTest : public PreferencesTest, public ::testing::WithParamInterface<VersionCase> {};
 
-void PrintTo(const VersionCase& c, std::ostream* out) {
-  *out << '"' << ToUtf8(c.version) << '"';
-}
-
 TEST_P(VersionTest, TheFontTypeGoesUnderTheVersionsName) {
   const VersionCase& c = GetParam();
   const std::vector<RegistryValue> before = PhotoshopKeys();
