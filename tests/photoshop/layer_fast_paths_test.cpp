@@ -15,6 +15,7 @@
 #include "generated_documents.h"
 #include "layer_calls.h"
 #include "layer_reference.h"
+#include "../support/sanitized.h"
 #include "connected_photoshop.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/text.h"
@@ -98,7 +99,8 @@ std::vector<Document> Documents() {
   for (const char* file : {"nested_groups.json", "layers_and_group.json", "only_130.json", "menus_zh.json"}) {
     documents.push_back({file, sim::LoadScenarioFile(test::ExamplesDir() / file)});
   }
-  for (uint32_t seed = 1; seed <= 12; ++seed) {
+  const uint32_t generated = test::kSanitized ? 4 : 12;
+  for (uint32_t seed = 1; seed <= generated; ++seed) {
     const test::DocumentShape shape{.layers = 6 + static_cast<int>(seed % 4) * 2, .groups = 2 + static_cast<int>(seed % 3),
                                     .background = seed % 3 != 0, .seed = seed};
     documents.push_back({"generated seed " + std::to_string(seed),
@@ -166,9 +168,10 @@ TEST_F(LayerFastPathsTest, AFailureAtAnyCallGivesTheDefaultOrTheCleanAnswer) {
       const std::string clean = question.library();
       const int64_t calls = m_photoshop->Calls();
       for (const sim::FaultMode mode : {sim::FaultMode::kTransient, sim::FaultMode::kPersistent}) {
-        // Every call once; from then on, some sixteen calls spread over the answer (each needs a fresh connection),
-        // the first and the last among them.
-        const int64_t stride = mode == sim::FaultMode::kTransient ? 1 : std::max<int64_t>(1, calls / 16);
+        // Every call once (under a sanitizer some sixty-four spread over the answer); from then on, some sixteen
+        // calls spread over the answer (each needs a fresh connection), the first and the last among them.
+        const int64_t spread = mode == sim::FaultMode::kTransient ? (test::kSanitized ? 64 : calls) : 16;
+        const int64_t stride = std::max<int64_t>(1, calls / spread);
         for (int64_t n = 1; n <= calls; n = (n < calls && n + stride > calls) ? calls : n + stride) {
           // A failure once leaves the connection as it was (the questions only read); one from then on needs a
           // fresh one for the next run.
