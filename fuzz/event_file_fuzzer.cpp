@@ -25,6 +25,12 @@ class FuzzFolders final : public ostrel::IFileSystem {
   explicit FuzzFolders(std::filesystem::path root) : m_root(std::move(root)) {
     std::filesystem::create_directories(m_root / "temp");
   }
+  ~FuzzFolders() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_root, ignored);
+  }
+  FuzzFolders(const FuzzFolders&) = delete;
+  FuzzFolders& operator=(const FuzzFolders&) = delete;
   bool FileExists(const std::wstring& path) override { return m_files.FileExists(path); }
   bool RemoveFile(const std::wstring& path) override { return m_files.RemoveFile(path); }
   bool CreatePathTo(const std::wstring& path) override { return m_files.CreatePathTo(path); }
