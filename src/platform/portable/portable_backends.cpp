@@ -517,9 +517,8 @@ std::optional<std::wstring> PortableEncoding::FromCodePage936(std::string_view b
 #if !defined(_WIN32)
   iconv_t converter = iconv_open("UTF-8", "CP936");
   if (converter != reinterpret_cast<iconv_t>(-1)) {
-    // The bytes are converted where they lie (iconv only reads its input), as DecodeAnsi hands the rest of a file
-    // again after every bad byte: a copy or a reservation of the rest each time would take time that grows with
-    // the square of the file.
+    // The bytes are converted where they lie (iconv only reads its input): a caller that hands the rest of a text
+    // again after every bad byte would otherwise have it copied each time, in time that grows with its square.
     std::string utf8;
     char* in = const_cast<char*>(bytes.data());
     size_t inLeft = bytes.size();

@@ -71,7 +71,8 @@ int32_t ReadCoordinate(const json& value, const std::string& place, const std::s
 
 WindowRect ReadRect(const json& value, const std::string& place) {
   if (!value.is_array() || value.size() != 4) Fail(place, "\"rect\" must be [left, top, right, bottom]");
-  return WindowRect{ReadCoordinate(value[0], place, "\"rect\" left"), ReadCoordinate(value[1], place, "\"rect\" top"),
+  return WindowRect{ReadCoordinate(value[0], place, "\"rect\" left"),
+                    ReadCoordinate(value[1], place, "\"rect\" top"),
                     ReadCoordinate(value[2], place, "\"rect\" right"),
                     ReadCoordinate(value[3], place, "\"rect\" bottom")};
 }
@@ -153,7 +154,9 @@ void Reader::Items(const json& value, RecordedWindow& window, const std::string&
 RecordedWindowTree ReadTree(const json& document) {
   if (!document.is_object()) Fail("", "the tree must be a JSON object with \"windows\"");
   for (const auto& [key, unused] : document.items()) {
-    if (key != "comment" && key != "screen" && key != "windows") Fail("the top level", "unknown key \"" + key + "\"");
+    if (key != "comment" && key != "screen" && key != "windows") {
+      Fail("the top level", "unknown key \"" + key + "\"");
+    }
   }
   RecordedWindowTree tree;
   if (document.contains("comment")) {
