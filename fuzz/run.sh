@@ -12,12 +12,13 @@ cd "$(dirname "$0")/.."
 seconds=${1:?usage: fuzz/run.sh SECONDS [HARNESS...]}
 shift
 harnesses=("$@")
-[ ${#harnesses[@]} -eq 0 ] && harnesses=(script_line lesson scenario call_args text_numbers)
+[ ${#harnesses[@]} -eq 0 ] && harnesses=(script_line lesson scenario call_args text_numbers window_tree event_file)
 
 build=build/fuzz
 declare -A extra_seeds=([script_line]=examples/lessons [lesson]=examples/lessons [scenario]=examples/photoshop
-  [call_args]= [text_numbers]=)
-declare -A max_len=([script_line]=4096 [lesson]=65536 [scenario]=65536 [call_args]=4096 [text_numbers]=256)
+  [call_args]= [text_numbers]= [window_tree]=examples/windows [event_file]=)
+declare -A max_len=([script_line]=4096 [lesson]=65536 [scenario]=65536 [call_args]=4096 [text_numbers]=256
+  [window_tree]=65536 [event_file]=16384)
 
 status=0
 printf '%-14s %12s %8s %8s  %s\n' harness executions seconds corpus findings

@@ -168,6 +168,69 @@ TEST_F(BadInputTest, ScenarioWithEachKindOfMistakeNamesThePlace) {
             m_dir.string() + ": is a folder, not a scenario file");
 }
 
+struct TreeMistake {
+  const char* name;
+  const char* text;     // the tree file
+  const char* message;  // after "ostrel: --windows FILE: "
+};
+
+// Each kind of mistake in a recorded window tree: the whole message, which names the place in the file.
+TEST_F(BadInputTest, WindowTreeWithEachKindOfMistakeNamesThePlace) {
+  const TreeMistake mistakes[] = {
+      {"NotJson", "{\"windows\": [\n  {\"hwnd\": 1,, }]}", "line 2, column 14: not JSON (syntax error"},
+      {"Empty", "", "line 1, column 1: not JSON (syntax error"},
+      {"NumberBeyondADouble", "{\"windows\": [\n  {\"hwnd\": 31e999}]}",
+       "line 2, column 12: the number 31e999 is too large to read"},
+      {"UnknownKeyOfAWindow", R"({"windows": [{"hwnd": 7, "class": "Photoshop", "colour": 1}]})",
+       "windows[0] (hwnd 7): unknown key \"colour\""},
+      {"UnknownKeyAtTheTop", R"({"windows": [], "screens": {}})", "the top level: unknown key \"screens\""},
+      {"WrongType", R"({"windows": [{"hwnd": 7, "class": "Photoshop", "visible": 1}]})",
+       "windows[0] (hwnd 7): \"visible\" must be true or false"},
+      {"HandleNotANumber", R"({"windows": [{"hwnd": "7", "class": "Photoshop"}]})",
+       "windows[0]: \"hwnd\" must be a window handle, a whole number from 1 to 4294967295"},
+      {"CoordinateBeyondAScreen", R"({"windows": [{"hwnd": 7, "class": "Photoshop", "rect": [0, 0, 40000, 10]}]})",
+       "windows[0] (hwnd 7): \"rect\" right must be a whole number from -32768 to 32767"},
+      {"DuplicateHandle",
+       R"({"windows": [{"hwnd": 7, "class": "Photoshop",
+                       "children": [{"hwnd": 8, "class": "A"}, {"hwnd": 7, "class": "B"}]}]})",
+       "windows[0].children[1] (hwnd 7): the handle is already used by another window"},
+      {"OwnerNotInTheTree",
+       R"({"windows": [{"hwnd": 5, "class": "PSFloatC", "owner": 99}, {"hwnd": 7, "class": "A"}]})",
+       "windows[0] (hwnd 5): the owner 99 isn't a top-level window of the tree"},
+      {"OwnerBelowItsWindow", R"({"windows": [{"hwnd": 7, "class": "A"}, {"hwnd": 5, "class": "B", "owner": 7}]})",
+       "windows[1] (hwnd 5): an owned window must stand above its owner 7, before it in the list"},
+      {"ItemsNotOnAComboBox", R"({"windows": [{"hwnd": 7, "class": "Edit", "items": ["a"]}]})",
+       "windows[0] (hwnd 7): \"items\" is only for a ComboBox"},
+      {"SelectedOutOfRange", R"({"windows": [{"hwnd": 7, "class": "ComboBox", "items": ["a", "b"], "selected": 2}]})",
+       "windows[0] (hwnd 7): \"selected\" must be -1 or the number of one of the 2 items"},
+  };
+  for (const TreeMistake& mistake : mistakes) {
+    SCOPED_TRACE(mistake.name);
+    const std::string file = Write(std::string(mistake.name) + ".json", mistake.text);
+    const ToolRun run = RunInProcess({"--windows", file, "call", "Ostrel_GetPhotoshopWnd"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err.rfind("ostrel: --windows " + file + ": " + mistake.message, 0), 0) << run.err;
+  }
+}
+
+TEST_F(BadInputTest, WindowTreePathMissingOrAFolderOrUnreadable) {
+  const auto expectRefused = [](const std::string& path, const std::string& message) {
+    const ToolRun run = RunInProcess({"--windows", path, "call", "Ostrel_GetPhotoshopWnd"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "ostrel: --windows " + path + ": " + message + "\n");
+  };
+  expectRefused(Path("no_such.json"), "no such file");
+  expectRefused(m_dir.string(), "is a folder, not a window tree file");
+#if !defined(_WIN32)
+  expectRefused("/dev/null", "is not a regular file");
+#endif
+  const std::string locked = Write("locked.json", R"({"windows": []})");
+  std::filesystem::permissions(locked, std::filesystem::perms::none);
+  if (std::ifstream(locked)) GTEST_SKIP() << "running as a user who reads every file (root)";
+  expectRefused(locked, "cannot be opened (no permission to read it)");
+}
+
 TEST_F(BadInputTest, CallArgumentsThatFitNoSignatureNameTheArgument) {
   ExpectRun(RunInProcess({"call", "Ostrel_ToolIndexToNameCN", "x"}), 2,
             "wrong arguments for Ostrel_ToolIndexToNameCN:");

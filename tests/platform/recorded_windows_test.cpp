@@ -121,6 +121,15 @@ constexpr Mistake kMistakes[] = {
      "windows[1] (hwnd 2): an owned window must stand above its owner 1"},
     {R"({"windows": [{"hwnd": 4, "class": "ComboBox", "title": "x", "items": ["a", "b"], "selected": 1}]})",
      "(hwnd 4): a ComboBox's \"title\" is the item it shows: \"b\""},
+    // Coordinates as window messages carry them, 16-bit signed; a screen's size from 0.
+    {R"({"windows": [{"hwnd": 4, "class": "A", "rect": [-32768, 0, 32768, 10]}]})",
+     "windows[0] (hwnd 4): \"rect\" right must be a whole number from -32768 to 32767"},
+    {R"({"windows": [{"hwnd": 4, "class": "A", "rect": [-32769, 0, 0, 10]}]})", "\"rect\" left must be"},
+    {R"({"screen": {"width": 1920, "height": -1}, "windows": []})", "screen: a size can't be negative"},
+    {R"({"screen": {"width": 40000, "height": 10}, "windows": []})", "screen: \"width\" must be a whole number from"},
+    // A number beyond a double is valid JSON that can't be held: its place, not an exception.
+    {"{\"windows\": [{\"hwnd\": 4,\n \"class\": \"A\", \"rect\": [0, 1e999, 0, 0]}]}",
+     "line 2, column 28: the number 1e999 is too large to read"},
 };
 
 TEST(RecordedWindows, MistakesAreNamedByTheirPlace) {
@@ -132,7 +141,7 @@ TEST(RecordedWindows, MistakesAreNamedByTheirPlace) {
   }
   const WindowTreeLoad missing = LoadWindowTree("/nonexistent/tree.json");
   EXPECT_FALSE(missing.tree);
-  EXPECT_EQ(missing.error, "/nonexistent/tree.json: can't be read");
+  EXPECT_EQ(missing.error, "/nonexistent/tree.json: no such file");
 }
 
 }  // namespace

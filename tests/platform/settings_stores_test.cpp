@@ -75,6 +75,9 @@ constexpr const char* kEmpty = "";
 constexpr const char* kHalfWritten = "[Event]\r\nTool=marqueeRectTool\r\nLayer=背景 副本\r\n[Other]\r\nTool=x\r\n";
 // Invalid bytes in a file without a mark: the pair 81 7F and a lone FF; neither ends the reading.
 constexpr const char* kBadAnsi = "[Event]\r\nLayer=x\x81\x7Fy\r\nTool=a\xFF" "b\r\nNext=1\r\n";
+// Bad bytes one after the other with a character between: the reading goes on after each with the next byte.
+constexpr const char* kManyBadAnsi =
+    "[Event]\r\nLayer=\xFF\xD6\xD0\x81\x7F" "\xFF\xD6\xD0\x81\x7F" "\xFF\xD6\xD0\x81\x7F" "\r\nNext=1\r\n";
 
 struct IniReadCase {
   const char* name;
@@ -135,6 +138,8 @@ constexpr IniReadCase kIniReadCases[] = {
     {"GbkBadPairIsOneQuestionMark", kBadAnsi, Encoding::kUtf8, L"Event", L"Layer", L"x?y"},
     {"GbkLoneFF", kBadAnsi, Encoding::kUtf8, L"Event", L"Tool", L"a\uF8F5b"},
     {"GbkBadBytesDontStopTheReading", kBadAnsi, Encoding::kUtf8, L"Event", L"Next", L"1"},
+    {"GbkBadBytesOneAfterAnother", kManyBadAnsi, Encoding::kUtf8, L"Event", L"Layer", L"\uF8F5中?\uF8F5中?\uF8F5中?"},
+    {"GbkAfterManyBadBytes", kManyBadAnsi, Encoding::kUtf8, L"Event", L"Next", L"1"},
 };
 
 std::string CaseName(const ::testing::TestParamInfo<IniReadCase>& info) { return info.param.name; }

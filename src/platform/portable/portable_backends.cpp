@@ -231,7 +231,34 @@ IniEncoding EncodingOf(std::string_view bytes) {
 // Code page 936 as the system's converter reads a file (measured against Wine's profile functions): a lead byte
 // takes the next byte with it whatever that is, and a pair that isn't valid reads as '?', as does a lead byte cut
 // off by the end of a half-written file; a lone 0xFF reads as U+F8F5. No byte stops the reading.
+//
+// One converter serves the whole file and each byte is converted once, so that a file of bad bytes (the script
+// cut off, or any other program's file under the name) reads in time that grows with its size, not its square.
 std::wstring DecodeAnsi(std::string_view bytes) {
+#if !defined(_WIN32)
+  if (iconv_t converter = iconv_open("UTF-8", "CP936"); converter != reinterpret_cast<iconv_t>(-1)) {
+    std::string utf8;
+    char* in = const_cast<char*>(bytes.data());  // iconv only reads its input
+    size_t inLeft = bytes.size();
+    char buffer[4096];
+    while (inLeft > 0) {
+      char* out = buffer;
+      size_t outLeft = sizeof buffer;
+      const size_t done = iconv(converter, &in, &inLeft, &out, &outLeft);
+      utf8.append(buffer, static_cast<size_t>(out - buffer));
+      if (done != static_cast<size_t>(-1) || errno == E2BIG) continue;
+      // EILSEQ or EINVAL: iconv stopped at the first byte of a sequence that isn't valid or is cut off.
+      const bool loneFF = static_cast<unsigned char>(*in) == 0xFF;
+      const size_t skip = loneFF ? 1 : std::min<size_t>(2, inLeft);
+      utf8 += loneFF ? ToUtf8(std::wstring(1, kLoneFF)) : "?";
+      in += skip;
+      inLeft -= skip;
+      iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    }
+    iconv_close(converter);
+    return FromUtf8(utf8);
+  }
+#endif
   PortableEncoding encoding;
   std::wstring text;
   while (!bytes.empty()) {
@@ -490,11 +517,11 @@ std::optional<std::wstring> PortableEncoding::FromCodePage936(std::string_view b
 #if !defined(_WIN32)
   iconv_t converter = iconv_open("UTF-8", "CP936");
   if (converter != reinterpret_cast<iconv_t>(-1)) {
+    // The bytes are converted where they lie (iconv only reads its input): a caller that hands the rest of a text
+    // again after every bad byte would otherwise have it copied each time, in time that grows with its square.
     std::string utf8;
-    utf8.reserve(bytes.size() * 3 / 2);
-    std::string input(bytes);
-    char* in = input.data();
-    size_t inLeft = input.size();
+    char* in = const_cast<char*>(bytes.data());
+    size_t inLeft = bytes.size();
     char buffer[4096];
     bool valid = true;
     while (inLeft > 0) {
@@ -510,7 +537,7 @@ std::optional<std::wstring> PortableEncoding::FromCodePage936(std::string_view b
     }
     iconv_close(converter);
     if (!valid) {
-      badOffset = static_cast<size_t>(in - input.data());
+      badOffset = static_cast<size_t>(in - bytes.data());
       return std::nullopt;
     }
     return FromUtf8(utf8);

@@ -8,17 +8,19 @@
 //   WINDOW: {"hwnd": 1234,                nonzero, unique in the file: the handle the locator answers
 //            "class": "PSFloatC",         required
 //            "title": "",                 default ""; an Edit's content, a ComboBox's shown text, a label
-//            "rect": [l, t, r, b],        screen pixels, right and bottom one past; default zeros
+//            "rect": [l, t, r, b],        screen pixels from -32768 to 32767, right and bottom one past;
+//                                         default zeros
 //            "visible": true,             the window's own shown flag (WS_VISIBLE), default true
 //            "owner": 100,                only on a top-level window: its owner, a top-level window of the file
 //            "items": ["..."], "selected": 0,   only on a ComboBox: its list and current selection (default -1)
 //            "children": [WINDOW, ...]}   child windows, topmost first
 //
-// "comment" and "screen" may be left out (the screen is then 0 by 0). Any other key is a mistake, as are a
-// repeated or zero handle, a missing class, an owner that isn't a top-level window of the file, an owned window
-// listed after its owner (an owned window always lies above it), an owner on a child window, items or a
-// selection on another class than ComboBox, a selection outside the items, and a ComboBox whose title isn't the
-// item it shows (a drop-down list has no text of its own; its title defaults to that item, "" for none).
+// "comment" and "screen" may be left out (the screen is then 0 by 0; its sizes lie from 0 to 32767). Any other key
+// is a mistake, as are a repeated or zero handle, a missing class, an owner that isn't a top-level window of the
+// file, an owned window listed after its owner (an owned window always lies above it), an owner on a child window,
+// items or a selection on another class than ComboBox, a selection outside the items, a coordinate beyond the
+// range above, and a ComboBox whose title isn't the item it shows (a drop-down list has no text of its own; its
+// title defaults to that item, "" for none).
 //
 // What the tree means, as Windows answers for real windows:
 // - Classes and titles are compared whole and without regard to case by the searches of top-level windows and of

@@ -55,10 +55,26 @@ std::wstring ReadText(const json& value, const std::string& place, const char* k
   return FromUtf8(value.get<std::string>());
 }
 
+// Positions and sizes as Windows' window messages carry them (WM_MOVE, WM_SIZE, the points of mouse messages):
+// 16-bit signed numbers. A tree holds the windows of a real screen, so nothing beyond them; the locator's row scans,
+// which step across the main frame, then take a bounded number of steps whatever the tree says.
+constexpr int32_t kLowestCoordinate = -32768, kHighestCoordinate = 32767;
+
+int32_t ReadCoordinate(const json& value, const std::string& place, const std::string& what) {
+  const std::optional<int64_t> number = WholeNumber(value);
+  if (!number || *number < kLowestCoordinate || *number > kHighestCoordinate) {
+    Fail(place, what + " must be a whole number from " + std::to_string(kLowestCoordinate) + " to " +
+                    std::to_string(kHighestCoordinate));
+  }
+  return static_cast<int32_t>(*number);
+}
+
 WindowRect ReadRect(const json& value, const std::string& place) {
   if (!value.is_array() || value.size() != 4) Fail(place, "\"rect\" must be [left, top, right, bottom]");
-  return WindowRect{ReadInt32(value[0], place, "\"rect\" left"), ReadInt32(value[1], place, "\"rect\" top"),
-                    ReadInt32(value[2], place, "\"rect\" right"), ReadInt32(value[3], place, "\"rect\" bottom")};
+  return WindowRect{ReadCoordinate(value[0], place, "\"rect\" left"),
+                    ReadCoordinate(value[1], place, "\"rect\" top"),
+                    ReadCoordinate(value[2], place, "\"rect\" right"),
+                    ReadCoordinate(value[3], place, "\"rect\" bottom")};
 }
 
 struct Reader {
@@ -138,7 +154,9 @@ void Reader::Items(const json& value, RecordedWindow& window, const std::string&
 RecordedWindowTree ReadTree(const json& document) {
   if (!document.is_object()) Fail("", "the tree must be a JSON object with \"windows\"");
   for (const auto& [key, unused] : document.items()) {
-    if (key != "comment" && key != "screen" && key != "windows") Fail("", "unknown key \"" + key + "\"");
+    if (key != "comment" && key != "screen" && key != "windows") {
+      Fail("the top level", "unknown key \"" + key + "\"");
+    }
   }
   RecordedWindowTree tree;
   if (document.contains("comment")) {
@@ -150,8 +168,9 @@ RecordedWindowTree ReadTree(const json& document) {
     if (!screen.is_object() || !screen.contains("width") || !screen.contains("height") || screen.size() != 2) {
       Fail("screen", "must be {\"width\": W, \"height\": H}");
     }
-    tree.screenWidth = ReadInt32(screen["width"], "screen", "\"width\"");
-    tree.screenHeight = ReadInt32(screen["height"], "screen", "\"height\"");
+    tree.screenWidth = ReadCoordinate(screen["width"], "screen", "\"width\"");
+    tree.screenHeight = ReadCoordinate(screen["height"], "screen", "\"height\"");
+    if (tree.screenWidth < 0 || tree.screenHeight < 0) Fail("screen", "a size can't be negative");
   }
   if (!document.contains("windows") || !document["windows"].is_array()) {
     Fail("", "\"windows\" must be the list of top-level windows");
@@ -202,6 +221,21 @@ std::string LineAndColumn(std::string_view text, size_t offset) {
   return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
+// The JSON reader's own document builder, which also keeps where the number it couldn't hold starts: the reader
+// reports a number beyond a double with its text but without its place.
+struct PlacedDomParser : nlohmann::detail::json_sax_dom_parser<json> {
+  using json_sax_dom_parser::json_sax_dom_parser;
+  size_t numberStart = 0;
+  std::string numberText;
+
+  template <class Exception>
+  bool parse_error(size_t position, const std::string& token, const Exception& error) {
+    numberStart = position >= token.size() ? position - token.size() : 0;
+    numberText = token;
+    return json_sax_dom_parser::parse_error(position, token, error);
+  }
+};
+
 void WriteWindow(const RecordedWindow& window, const std::string& indent, std::string& out) {
   out += indent + "{\"hwnd\": " + std::to_string(window.hwnd);
   out += ", \"class\": " + Quote(ToUtf8(window.className));
@@ -231,13 +265,18 @@ void WriteWindow(const RecordedWindow& window, const std::string& indent, std::s
 
 WindowTreeLoad ParseWindowTree(std::string_view jsonText) {
   json document;
+  PlacedDomParser parser(document);
   try {
-    document = json::parse(jsonText.begin(), jsonText.end());
+    json::sax_parse(jsonText.begin(), jsonText.end(), &parser);
   } catch (const json::parse_error& error) {
     const std::string what = error.what();
     const size_t reason = what.find("syntax error");
     return {std::nullopt, LineAndColumn(jsonText, error.byte == 0 ? 0 : error.byte - 1) + ": not JSON (" +
                               (reason == std::string::npos ? what : what.substr(reason)) + ")"};
+  } catch (const json::out_of_range&) {
+    // A number beyond a double (1e999): valid JSON that no reader can hold.
+    return {std::nullopt, LineAndColumn(jsonText, parser.numberStart) + ": the number " + parser.numberText +
+                              " is too large to read"};
   }
   try {
     return {ReadTree(document), {}};
@@ -247,8 +286,17 @@ WindowTreeLoad ParseWindowTree(std::string_view jsonText) {
 }
 
 WindowTreeLoad LoadWindowTree(const std::filesystem::path& file) {
+  // What is wrong with the path is said before the file is opened: a folder opens on some systems and reads as
+  // nothing, and a device such as /dev/zero would never end.
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(file, error);
+  if (!std::filesystem::exists(status)) return {std::nullopt, PathText(file) + ": no such file"};
+  if (std::filesystem::is_directory(status)) {
+    return {std::nullopt, PathText(file) + ": is a folder, not a window tree file"};
+  }
+  if (!std::filesystem::is_regular_file(status)) return {std::nullopt, PathText(file) + ": is not a regular file"};
   std::ifstream in(file, std::ios::binary);
-  if (!in) return {std::nullopt, PathText(file) + ": can't be read"};
+  if (!in) return {std::nullopt, PathText(file) + ": cannot be opened (no permission to read it)"};
   const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   WindowTreeLoad load = ParseWindowTree(text);
   if (!load.tree) load.error = PathText(file) + ": " + load.error;
