@@ -176,6 +176,9 @@ const std::vector<CanvasCase>& CanvasCases() {
       {"every document hidden", "layers_panel", {Hide(1540)}, 0, 0, 0, 100.0, 0.0},
       {"no document", "layers_floating", {}, 0, 0, 0, 100.0, 0.0},
       {"zoom field shown but empty", "layers_panel", {Retitle(1543, L"")}, 1542, 1541, 1543, 0.0, 0.0},
+      // The zoom as a factor passes over a shown field without text; the zoom in percent doesn't.
+      {"first shown zoom field empty", "layers_panel", {Show(1530), Retitle(1533, L"")}, 1532, 1531, 1533, 0.0,
+       0.6667},
       {"zoom field hidden", "layers_panel", {Hide(1543)}, 1542, 1541, 0, 100.0, 0.0},
       // 63 characters fit the zoom field's buffer: 63 zeros read as 0; the canvas scale reads 128.
       {"zoom beyond 63 characters", "layers_panel", {Retitle(1543, (std::wstring(63, L'0') + L"50%").c_str())},
