@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,13 @@
 #include "simulator/scenario.h"
 
 namespace ostrel {
+
+// A received message as a failure shows it: its window, number, key and text.
+void PrintTo(const ReceivedMessage& message, std::ostream* out) {
+  *out << "{hwnd " << message.window << ", message " << message.message << ", key " << message.key << ", \""
+       << ToUtf8(message.text) << "\"}";
+}
+
 namespace {
 
 long long Number(HWND window) { return static_cast<long long>(reinterpret_cast<uintptr_t>(window)); }

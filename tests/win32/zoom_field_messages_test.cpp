@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,13 @@
 #include "window_thread.h"
 
 namespace ostrel {
+
+// A received message as a failure shows it: its window, number, key and text.
+void PrintTo(const ReceivedMessage& message, std::ostream* out) {
+  *out << "{hwnd " << message.window << ", message " << message.message << ", key " << message.key << ", \""
+       << ToUtf8(message.text) << "\"}";
+}
+
 namespace {
 
 // What the subclassed field received, written on the window thread while the sender waits for each message.
