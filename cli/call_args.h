@@ -339,13 +339,25 @@ struct ArgTraits<tagSmartFilterInfo> : OutRecordTraits<tagSmartFilterInfo> {
   }
 };
 
-// A width and height pair is a result, printed as {"cx", "cy"}.
+// A width and height pair, printed and given as {"cx", "cy"} (both whole numbers in the range of a 32-bit long).
 template <>
 struct ArgTraits<tagSIZE> {
   static constexpr const char* kName = "tagSIZE";
-  static bool FromArg(const CallArg&, tagSIZE&, std::string& error) {
-    error = "a record is a result";
-    return false;
+  static bool FromArg(const CallArg& arg, tagSIZE& out, std::string& error) {
+    const auto side = [&](const char* key, long& value) {
+      if (!arg.value.is_object() || !arg.value.contains(key)) return false;
+      const std::optional<long long> number = WholeNumber(arg.value.at(key));
+      if (!number || *number < -2147483648LL || *number > 2147483647LL) return false;
+      value = static_cast<long>(*number);
+      return true;
+    };
+    tagSIZE size{};
+    if (!arg.value.is_object() || arg.value.size() != 2 || !side("cx", size.cx) || !side("cy", size.cy)) {
+      error = "expects {\"cx\": WIDTH, \"cy\": HEIGHT} with whole numbers, got " + arg.typed;
+      return false;
+    }
+    out = size;
+    return true;
   }
   static Json ToJson(const tagSIZE& size) {
     Json object = Json::object();

@@ -8,6 +8,7 @@
 #include "ostrel/export.h"
 #include "ostrel/filters.h"
 #include "ostrel/layer_state.h"
+#include "ostrel/layer_panel.h"
 #include "ostrel/layers.h"
 #include "ostrel/lifecycle.h"
 #include "ostrel/menus.h"

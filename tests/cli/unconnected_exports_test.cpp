@@ -9,6 +9,7 @@
 #include "ostrel/OstrelCore.h"
 #include "photoshop_rows.h"
 #include "platform/platform.h"
+#include "platform/portable/recorded_windows.h"
 #include "platform/text.h"
 #include "simulator/photoshop.h"
 
@@ -53,10 +54,15 @@ TEST(UnconnectedExportsTest, BeforeInitAndAfterUnInitNothingReachesPhotoshop) {
 }
 
 // Connected, the same Photoshop exports do reach Photoshop: the unconnected answer above is not simply what they
-// always give.
+// always give. The windows are those of a document with the rulers off, which Ostrel_SetRulers switches on (with
+// no canvas it has nothing to ask Photoshop).
 TEST(UnconnectedExportsTest, ConnectedThePhotoshopExportsCallPhotoshop) {
   sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario("layers_and_group.json"));
-  ScopedPlatform platform(Platform{.automation = &photoshop});
+  WindowTreeLoad windowTree =
+      LoadWindowTree(std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "windows" / "rulers_off.json");
+  ASSERT_TRUE(windowTree.tree) << windowTree.error;
+  RecordedWindows windows(std::move(*windowTree.tree));
+  ScopedPlatform platform(Platform{.automation = &photoshop, .windows = &windows, .screen = &windows});
   ASSERT_EQ(Ostrel_Init(), 1);
   for (const CallEntry& entry : AllCalls()) {
     if (!entry.talksToPhotoshop) continue;

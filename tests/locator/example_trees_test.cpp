@@ -219,6 +219,38 @@ constexpr Row kRows[] = {
     {"gradient_editor", N(Ostrel_GetStopColorPos()), 50},
     {"gradient_editor", N(Ostrel_GetOpacityStopColorPos()), 30},
     {"gradient_editor", N(Ostrel_GetOpacityStopColorValue()), 80},
+
+    // The layer panel docked first in its column (a hidden channels tab before it), the properties panel below;
+    // the controls themselves ask Photoshop, which isn't connected here. Two documents, the first a hidden tab.
+    {"layers_panel", H(Ostrel_GetLayerPanelPSviewCWnd()), 1432},
+    {"layers_panel", H(Ostrel_GetLayerPanelWnd()), 1430},
+    {"layers_panel", H(Ostrel_GetLayerPanelScrollBarWnd()), 1440},
+    {"layers_panel", H(Ostrel_GetLayerBlendWnd()), 0},
+    {"layers_panel", H(Ostrel_GetCanvasWnd()), 1542},
+    {"layers_panel", H(Ostrel_GetCanvasRulersWnd()), 1541},
+    {"layers_panel", H(Ostrel_GetScaleWnd()), 1543},
+    {"layers_panel", N(Ostrel_GetScale() * 100), 6667},
+    {"layers_panel", N(Ostrel_GetCanvasScale() * 10000 + 0.5), 6667},
+    {"layers_panel", N(Ostrel_GetCanvasArea(tagSIZE{999, 599}).left), 446},
+    {"layers_panel", N(Ostrel_SetRulers()), 0},
+    {"layers_panel", N(Ostrel_GetCurrentBrushPresetPanel()), -1},
+    {"layers_panel", H(Ostrel_GetDocumentWnd()), 1520},
+    {"rulers_off", H(Ostrel_GetCanvasWnd()), 1542},
+    {"rulers_off", H(Ostrel_GetCanvasRulersWnd()), 1541},
+    {"rulers_off", N(Ostrel_GetScale() * 100), 3333},
+    {"rulers_off", H(Ostrel_GetLayerPanelScrollBarWnd()), 1441},
+    {"layers_floating", H(Ostrel_GetLayerPanelPSviewCWnd()), 0},
+    {"layers_floating", H(Ostrel_GetLayerPanelWnd()), 0},
+    {"layers_floating", H(Ostrel_GetCanvasWnd()), 0},
+    {"layers_floating", N(Ostrel_GetScale()), 100},
+    {"layers_floating", N(Ostrel_SetScale(50)), 0},
+    {"layers_floating", N(Ostrel_GetCanvasScale()), 0},
+    {"marquee", H(Ostrel_GetLayerPanelPSviewCWnd()), 1422},  // the colour panel is docked first
+    {"marquee", H(Ostrel_GetCanvasWnd()), 1525},
+    {"brush_picker", N(Ostrel_GetCurrentBrushPresetPanel()), 1},
+    {"brush_panel_dual", H(Ostrel_GetBrushPanelWnd()), 3000},
+    {"brush_panel_dual", N(Ostrel_GetCurrentBrushPresetPanel()), 16},
+    {"brush_panel_scatter", N(Ostrel_GetCurrentBrushPresetPanel()), 4},
 };
 
 TEST(ExampleTrees, EveryExportGivesItsWindow) {

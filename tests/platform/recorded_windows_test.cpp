@@ -73,6 +73,12 @@ TEST(RecordedWindows, AnswersAsWindowsDoes) {
   EXPECT_EQ(windows.TextOf(31), L"锐利");
   EXPECT_TRUE(windows.SetText(21, L"30"));
   EXPECT_EQ(windows.TextOf(21), L"30");
+  // The messages the windows received, in order; one to a handle the tree doesn't have goes nowhere.
+  EXPECT_FALSE(windows.SetText(999, L"1"));
+  EXPECT_FALSE(windows.PressEnter(0));
+  EXPECT_TRUE(windows.GiveFocus(31));
+  EXPECT_EQ(windows.Received(), (std::vector<ReceivedMessage>{{21, kSetTextMessage, 0, L"30"},
+                                                              {31, kSetFocusMessage, 0, L""}}));
   WindowRect rect{1, 2, 3, 4};
   EXPECT_FALSE(windows.RectOf(0, rect));
   EXPECT_EQ(rect.left + rect.top + rect.right + rect.bottom, 10);

@@ -93,6 +93,26 @@ struct Arguments<std::wstring> {
   static std::wstring Make(const Side&, const Symbol& value) { return value; }
 };
 
+// Zooms typed into the zoom field: the last one stays in the field for the exports that read it afterwards.
+template <>
+struct Arguments<double> {
+  using Symbol = double;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) { return {33.333, 100.0}; }
+  static double Make(const Side&, Symbol value) { return value; }
+};
+// Picture sizes: odd, even, larger than any canvas, none.
+struct SizeSymbol {
+  long cx = 0, cy = 0;
+};
+template <>
+struct Arguments<tagSIZE> {
+  using Symbol = SizeSymbol;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) {
+    return {{999, 599}, {1000, 600}, {5000, 100}, {0, 0}};
+  }
+  static tagSIZE Make(const Side&, Symbol size) { return tagSIZE{size.cx, size.cy}; }
+};
+
 // Every combination of the samples of each parameter.
 inline std::vector<std::tuple<>> Product() { return {{}}; }
 template <class H, class... T>
@@ -136,6 +156,8 @@ std::string ArgumentText(const HandleSymbol& window) { return "hwnd " + std::to_
 std::string ArgumentText(int value) { return std::to_string(value); }
 std::string ArgumentText(unsigned int value) { return std::to_string(value); }
 std::string ArgumentText(const std::wstring& value) { return "\"" + ToUtf8(value) + "\""; }
+std::string ArgumentText(double value) { return Print(Side{}, value); }
+std::string ArgumentText(const SizeSymbol& size) { return std::to_string(size.cx) + "x" + std::to_string(size.cy); }
 
 // One export with one set of arguments: what it answers on a side.
 struct Trial {

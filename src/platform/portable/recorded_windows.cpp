@@ -145,12 +145,22 @@ bool RecordedWindows::SetText(WindowHandle window, const std::wstring& text) {
   RecordedWindow* found = Lookup(window);
   if (found == nullptr) return false;
   found->title = text;
+  m_received.push_back(ReceivedMessage{window, kSetTextMessage, 0, text});
   return true;
 }
 
-bool RecordedWindows::GiveFocus(WindowHandle window) { return Lookup(window) != nullptr; }
+bool RecordedWindows::GiveFocus(WindowHandle window) {
+  if (Lookup(window) == nullptr) return false;
+  m_received.push_back(ReceivedMessage{window, kSetFocusMessage, 0, {}});
+  return true;
+}
 
-bool RecordedWindows::PressEnter(WindowHandle window) { return Lookup(window) != nullptr; }
+bool RecordedWindows::PressEnter(WindowHandle window) {
+  if (Lookup(window) == nullptr) return false;
+  m_received.push_back(ReceivedMessage{window, kKeyDownMessage, kEnterKey, {}});
+  m_received.push_back(ReceivedMessage{window, kKeyUpMessage, kEnterKey, {}});
+  return true;
+}
 
 // Other classes leave the combo box messages to the default window procedure, which answers 0.
 int32_t RecordedWindows::ComboBoxCount(WindowHandle window) {

@@ -83,7 +83,23 @@ WindowTreeLoad LoadWindowTree(const std::filesystem::path& file);
 // with their default value are left out, except "title", "rect" and "visible".
 std::string WriteWindowTree(const RecordedWindowTree& tree);
 
-// The window tree and screen backend over a recorded tree. It keeps its own copy, which WM_SETTEXT changes.
+// A message that a window of a recorded tree received, as Windows numbers it: WM_SETTEXT (12) with its text,
+// WM_SETFOCUS (7), WM_KEYDOWN (256) and WM_KEYUP (257) with the key (13 for Enter).
+inline constexpr uint32_t kSetTextMessage = 12;
+inline constexpr uint32_t kSetFocusMessage = 7;
+inline constexpr uint32_t kKeyDownMessage = 256;
+inline constexpr uint32_t kKeyUpMessage = 257;
+inline constexpr uint32_t kEnterKey = 13;
+struct ReceivedMessage {
+  WindowHandle window = 0;
+  uint32_t message = 0;
+  uint32_t key = 0;
+  std::wstring text;
+  bool operator==(const ReceivedMessage&) const = default;
+};
+
+// The window tree and screen backend over a recorded tree. It keeps its own copy, which WM_SETTEXT changes, and
+// the messages its windows received, in order (a message to a handle the tree doesn't have goes nowhere).
 class RecordedWindows final : public IWindowTree, public IScreen {
  public:
   explicit RecordedWindows(RecordedWindowTree tree);
@@ -93,6 +109,7 @@ class RecordedWindows final : public IWindowTree, public IScreen {
   const RecordedWindowTree& Tree() const { return m_tree; }
   // The window of a handle, null when there is none.
   const RecordedWindow* Find(WindowHandle window) const;
+  const std::vector<ReceivedMessage>& Received() const { return m_received; }
 
   WindowHandle FindTopLevel(const std::wstring& className, const std::wstring* title) override;
   WindowHandle FindChild(WindowHandle parent, const std::wstring& className) override;
@@ -124,6 +141,7 @@ class RecordedWindows final : public IWindowTree, public IScreen {
 
   RecordedWindowTree m_tree;
   std::unordered_map<WindowHandle, Place> m_places;
+  std::vector<ReceivedMessage> m_received;
 };
 
 }  // namespace ostrel
