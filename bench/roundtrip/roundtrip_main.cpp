@@ -1,0 +1,260 @@
+// ostrel_roundtrip [--calls N] [--remote-calls N] [--runs N]
+//
+// What one automation call costs through real COM, and what that makes of an export: the simulated Photoshop of
+// examples/photoshop/layers_and_group.json is served in this process by the test COM bridge, then from a second
+// process as a local COM server (once from a single-threaded apartment with a message loop, as Photoshop's main
+// thread serves its objects, once from the multithreaded apartment). Against each, a cheap property get is timed
+// call by call after a warm-up (N calls in this process, the --remote-calls count across processes), and a few
+// exports are run whole through the library (--runs times each) next to their automation calls times the median
+// of one call. The answers of every export across processes must be those of the same export in this process.
+// Prints two Markdown tables, which `./dev roundtrip` keeps in the README; exit status 1 when a server or an
+// answer went wrong.
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "com_bridge.h"
+#include "export_runs.h"
+#include "frame/dispids.h"
+#include "local_server.h"
+#include "ostrel/OstrelCore.h"
+#include "platform/platform.h"
+#include "platform/portable/portable_backends.h"
+#include "platform/win32/com_automation.h"
+#include "platform/win32/holders.h"
+#include "simulator/photoshop.h"
+#include "spread.h"
+
+namespace {
+
+using namespace ostrel;
+using namespace ostrel::roundtrip;
+
+constexpr const char* kScenarioName = "layers_and_group.json";
+const char* const kExports[] = {"Ostrel_GetLayerInfo", "Ostrel_GetLayerID", "Ostrel_GetToolFeatures",
+                                "Ostrel_GetLayerGroup"};
+
+std::filesystem::path Scenario() {
+  return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / kScenarioName;
+}
+
+double NowMicroseconds() {
+  static const double perMicrosecond = [] {
+    LARGE_INTEGER frequency;
+    QueryPerformanceFrequency(&frequency);
+    return static_cast<double>(frequency.QuadPart) / 1e6;
+  }();
+  LARGE_INTEGER now;
+  QueryPerformanceCounter(&now);
+  return static_cast<double>(now.QuadPart) / perMicrosecond;
+}
+
+// One property get timed call by call, after a tenth as many untimed calls.
+Spread TimeGet(IAutomationObject& object, int32_t dispId, int count) {
+  for (int i = 0; i < count / 10 + 1; ++i) object.Invoke(dispId, InvokeKind::kPropertyGet, {});
+  std::vector<double> samples;
+  samples.reserve(static_cast<size_t>(count));
+  for (int i = 0; i < count; ++i) {
+    const double start = NowMicroseconds();
+    object.Invoke(dispId, InvokeKind::kPropertyGet, {});
+    samples.push_back(NowMicroseconds() - start);
+  }
+  return SpreadOf(std::move(samples));
+}
+
+struct ExportFigures {
+  ExportRun first;  // its answer and automation calls
+  Spread time;
+};
+
+// What one server gave: the two calls and the exports.
+struct ServerFigures {
+  std::string servedBy;
+  Spread version;  // the application's version, a BSTR
+  Spread count;    // an ActionDescriptor's count, an I4
+  std::map<std::string, ExportFigures> exports;
+};
+
+// Creates the objects as the library does (CLSIDFromProgID, CoCreateInstance) and times the calls on them.
+void TimeCalls(ServerFigures& figures, int count) {
+  win32::ComAutomation com;
+  const DispatchPtr application = com.Create(L"Photoshop.Application.130");
+  const DispatchPtr descriptor = com.Create(L"Photoshop.ActionDescriptor.130");
+  figures.version = TimeGet(*application, dispid::app::kVersion, count);
+  figures.count = TimeGet(*descriptor, dispid::desc::kCount, count);
+}
+
+// Connects the library and runs each export: once for its answer and calls, then runs times timed.
+void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, int runs) {
+  if (Ostrel_Init() != 1) throw std::runtime_error("Ostrel_Init did not connect to " + figures.servedBy);
+  for (const char* name : kExports) {
+    const cli::CallEntry* entry = FindExport(name);
+    if (!entry) throw std::runtime_error(std::string("no export ") + name);
+    ExportFigures& export_ = figures.exports[name];
+    export_.first = RunExport(*entry, counter);
+    std::vector<double> samples;
+    for (int i = 0; i < runs; ++i) {
+      const double start = NowMicroseconds();
+      RunExport(*entry, counter);
+      samples.push_back(NowMicroseconds() - start);
+    }
+    export_.time = SpreadOf(std::move(samples));
+  }
+  Ostrel_UnInit();
+}
+
+// The figures of a server in a second process. Throws when it doesn't start or doesn't end cleanly.
+ServerFigures TimeAcrossProcesses(ServerApartment apartment, const std::string& servedBy, int count,
+                                  cli::CountingAutomation* counter, int runs) {
+  ServerFigures figures;
+  figures.servedBy = servedBy;
+  std::wstring error;
+  std::optional<LocalServer> server =
+      LocalServer::Start(ServerBesideThisProgram(), Scenario(), apartment, 600, error);
+  if (!server) throw std::runtime_error("the local server (" + servedBy + "): " + std::string(error.begin(), error.end()));
+  TimeCalls(figures, count);
+  if (counter) TimeExports(figures, *counter, runs);
+  const DWORD exit = server->Stop();
+  if (exit != kServerClean) {
+    const std::wstring why = DescribeServerExit(exit);
+    throw std::runtime_error("the local server (" + servedBy + "): " + std::string(why.begin(), why.end()));
+  }
+  return figures;
+}
+
+std::string Row(const std::vector<std::string>& cells) {
+  std::string row = "|";
+  for (const std::string& cell : cells) row += " " + cell + " |";
+  return row;
+}
+
+void PrintCallTable(const std::vector<const ServerFigures*>& servers) {
+  std::cout << Row({"automation call", "served by", "calls timed", "median", "10th to 90th percentile",
+                    "99th percentile"})
+            << "\n|---|---|---:|---:|---:|---:|\n";
+  const struct {
+    const char* name;
+    Spread ServerFigures::*spread;
+  } calls[] = {{"`version` of the application (a BSTR)", &ServerFigures::version},
+               {"`count` of an ActionDescriptor (an I4)", &ServerFigures::count}};
+  for (const auto& call : calls) {
+    for (const ServerFigures* server : servers) {
+      const Spread& s = server->*call.spread;
+      std::cout << Row({call.name, server->servedBy, std::to_string(s.count), FormatMicroseconds(s.median),
+                        FormatMicroseconds(s.p10) + " to " + FormatMicroseconds(s.p90), FormatMicroseconds(s.p99)})
+                << "\n";
+    }
+  }
+}
+
+void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& crossProcess) {
+  std::cout << Row({std::string("export on `") + kScenarioName + "`", "arguments", "automation calls",
+                    "in-process: calls × median", "in-process: measured", "cross-process: calls × median",
+                    "cross-process: measured"})
+            << "\n|---|---|---:|---:|---:|---:|---:|\n";
+  for (const char* name : kExports) {
+    const ExportFigures& here = inProcess.exports.at(name);
+    const ExportFigures& there = crossProcess.exports.at(name);
+    std::string arguments;
+    for (const cli::CallArg& arg : FindExport(name)->sampleArgs) {
+      arguments += (arguments.empty() ? "" : " ") + cli::RenderJson(arg.value);
+    }
+    const double calls = static_cast<double>(there.first.calls);
+    std::cout << Row({std::string("`") + name + "`", arguments.empty() ? "" : "`" + arguments + "`",
+                      std::to_string(there.first.calls), FormatMicroseconds(calls * inProcess.version.median),
+                      FormatMicroseconds(here.time.median), FormatMicroseconds(calls * crossProcess.version.median),
+                      FormatMicroseconds(there.time.median)})
+              << "\n";
+  }
+}
+
+// The answers and calls across processes are those in this process.
+bool SameAnswers(const ServerFigures& inProcess, const ServerFigures& crossProcess) {
+  bool same = true;
+  for (const char* name : kExports) {
+    const ExportRun& here = inProcess.exports.at(name).first;
+    const ExportRun& there = crossProcess.exports.at(name).first;
+    if (!here.ran || !there.ran || here.answer != there.answer || here.calls != there.calls) {
+      std::cerr << "ostrel_roundtrip: " << name << " answers differently across processes:\n  in-process    ("
+                << here.calls << " calls) " << here.answer << "\n  cross-process (" << there.calls << " calls) "
+                << there.answer << "\n";
+      same = false;
+    }
+  }
+  return same;
+}
+
+int Run(int count, int remoteCount, int runs) {
+  const win32::ComInit com(COINIT_MULTITHREADED);
+  ProcessParameters parameters;
+  parameters.Set(EnTallyKey::kPhotoshopVersionName, L"Adobe Photoshop CC 2019");
+  win32::ComAutomation comAutomation;
+  cli::CountingAutomation counter(comAutomation);
+  const ScopedPlatform platform(Platform{.automation = &counter, .parameters = &parameters});
+
+  ServerFigures inProcess;
+  inProcess.servedBy = "this process: the test COM bridge";
+  {
+    sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario());
+    const testing::ComBridge bridge(photoshop, testing::kProgIds130, CLSCTX_INPROC_SERVER);
+    if (!bridge.AllRegistered()) throw std::runtime_error("the in-process bridge could not register its classes");
+    TimeCalls(inProcess, count);
+    TimeExports(inProcess, counter, runs);
+  }
+  const ServerFigures singleThreaded =
+      TimeAcrossProcesses(ServerApartment::kSingleThreaded,
+                          "another process: a single-threaded apartment and its message loop", remoteCount, &counter,
+                          runs);
+  const ServerFigures multithreaded = TimeAcrossProcesses(
+      ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount, nullptr, runs);
+
+  PrintCallTable({&inProcess, &singleThreaded, &multithreaded});
+  std::cout << "\n";
+  PrintExportTable(inProcess, singleThreaded);
+  std::cout << "\nThe exports' medians are of " << runs << " runs each; \"calls × median\" multiplies their automation"
+            << " calls by the median of `version` in this process and from the single-threaded apartment of the other"
+            << " process. One call across processes costs "
+            << static_cast<int>(singleThreaded.version.median / inProcess.version.median + 0.5)
+            << " times one in this process.\n";
+  return SameAnswers(inProcess, singleThreaded) ? 0 : 1;
+}
+
+int ArgumentAfter(int& i, int argc, char** argv) {
+  if (i + 1 >= argc) throw std::invalid_argument(std::string(argv[i]) + " needs a number");
+  const int value = std::atoi(argv[++i]);
+  if (value < 1) throw std::invalid_argument(std::string(argv[i - 1]) + " needs a number above 0");
+  return value;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    int count = 20000, remoteCount = 4000, runs = 11;
+    for (int i = 1; i < argc; ++i) {
+      if (std::strcmp(argv[i], "--calls") == 0) {
+        count = ArgumentAfter(i, argc, argv);
+      } else if (std::strcmp(argv[i], "--remote-calls") == 0) {
+        remoteCount = ArgumentAfter(i, argc, argv);
+      } else if (std::strcmp(argv[i], "--runs") == 0) {
+        runs = ArgumentAfter(i, argc, argv);
+      } else {
+        std::cerr << "usage: ostrel_roundtrip [--calls N] [--remote-calls N] [--runs N]\n";
+        return 2;
+      }
+    }
+    return Run(count, remoteCount, runs);
+  } catch (const std::exception& failure) {
+    std::cerr << "ostrel_roundtrip: " << failure.what() << "\n";
+    return 1;
+  }
+}

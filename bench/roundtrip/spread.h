@@ -1,0 +1,24 @@
+// The spread of timed samples: how many, the median and the 10th, 90th and 99th percentiles.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace ostrel::roundtrip {
+
+struct Spread {
+  size_t count = 0;
+  double median = 0;
+  double p10 = 0;
+  double p90 = 0;
+  double p99 = 0;
+};
+
+// The nearest-rank percentiles of the samples (in any order); all zero for none.
+Spread SpreadOf(std::vector<double> samples);
+
+// A duration in microseconds as the README's tables print it: "0.84 us", "61.3 us", "412 us", "1.27 ms", "3.8 s".
+std::string FormatMicroseconds(double microseconds);
+
+}  // namespace ostrel::roundtrip
