@@ -182,7 +182,8 @@ TEST(SpreadTest, NearestRankPercentiles) {
 
 TEST(SpreadTest, DurationsKeepThreeFiguresInTheirUnit) {
   const std::pair<double, const char*> cases[] = {{0.843, "0.84 us"},  {61.27, "61.3 us"}, {412.4, "412 us"},
-                                                  {1270, "1.27 ms"},   {38400, "38.4 ms"}, {3800000, "3.80 s"}};
+                                                  {1270, "1.27 ms"},   {38400, "38.4 ms"}, {637800, "638 ms"},
+                                                  {3800000, "3.80 s"}};
   for (const auto& [microseconds, text] : cases) EXPECT_EQ(FormatMicroseconds(microseconds), text);
 }
 

@@ -3,9 +3,9 @@
 // What one automation call costs through real COM, and what that makes of an export: the simulated Photoshop of
 // examples/photoshop/layers_and_group.json is served in this process by the test COM bridge, then from a second
 // process as a local COM server (once from a single-threaded apartment with a message loop, as Photoshop's main
-// thread serves its objects, once from the multithreaded apartment). Against each, a cheap property get is timed
-// call by call after a warm-up (N calls in this process, the --remote-calls count across processes), and a few
-// exports are run whole through the library (--runs times each) next to their automation calls times the median
+// thread serves its objects, once from the multithreaded apartment). Against each, four automation operations (two
+// cheap property gets, a read of the Action Manager, the creation of an object) are timed one by one after a
+// warm-up (N each in this process, the --remote-calls count across processes), and a few exports are run whole through the library (--runs times each) next to their automation calls times the median
 // of one call. The answers of every export across processes must be those of the same export in this process.
 // Prints two Markdown tables, which `./dev roundtrip` keeps in the README; exit status 1 when a server or an
 // answer went wrong.
@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <optional>
@@ -58,49 +59,95 @@ double NowMicroseconds() {
   return static_cast<double>(now.QuadPart) / perMicrosecond;
 }
 
-// One property get timed call by call, after a tenth as many untimed calls.
-Spread TimeGet(IAutomationObject& object, int32_t dispId, int count) {
-  for (int i = 0; i < count / 10 + 1; ++i) object.Invoke(dispId, InvokeKind::kPropertyGet, {});
+// One operation timed call by call, after a tenth as many untimed calls.
+Spread TimeOperation(const std::function<void()>& operation, int count) {
+  for (int i = 0; i < count / 10 + 1; ++i) operation();
   std::vector<double> samples;
   samples.reserve(static_cast<size_t>(count));
   for (int i = 0; i < count; ++i) {
     const double start = NowMicroseconds();
-    object.Invoke(dispId, InvokeKind::kPropertyGet, {});
+    operation();
     samples.push_back(NowMicroseconds() - start);
   }
   return SpreadOf(std::move(samples));
 }
 
+// The operations timed, in the rows of the first table.
+enum Operation { kVersionGet, kCountGet, kActionGet, kCreate, kOperationCount };
+
+constexpr const char* kOperationNames[kOperationCount] = {
+    "`version` of the application (a BSTR back)",
+    "`count` of an ActionDescriptor (an I4 back)",
+    "`executeActionGet` of the current layer's `name` (a reference there, a descriptor back, released)",
+    "`CLSIDFromProgID` and `CoCreateInstance` of an ActionReference, released",
+};
+
 struct ExportFigures {
-  ExportRun first;  // its answer and automation calls
+  ExportRun first;       // its answer and automation calls
+  int64_t created = 0;   // the objects it created by ProgID, each a CoCreateInstance that the calls don't count
   Spread time;
 };
 
-// What one server gave: the two calls and the exports.
+// Counts the objects created through the automation it decorates.
+class CreationCounter final : public IAutomation {
+ public:
+  explicit CreationCounter(IAutomation& inner) : m_inner(inner) {}
+  int32_t Initialize() override { return m_inner.Initialize(); }
+  DispatchPtr Create(const std::wstring& progId) override {
+    ++m_created;
+    return m_inner.Create(progId);
+  }
+  std::wstring ErrorMessage(int32_t code) override { return m_inner.ErrorMessage(code); }
+  int64_t Created() const noexcept { return m_created; }
+
+ private:
+  IAutomation& m_inner;
+  int64_t m_created = 0;
+};
+
+// What one server gave: the operations and the exports.
 struct ServerFigures {
   std::string servedBy;
-  Spread version;  // the application's version, a BSTR
-  Spread count;    // an ActionDescriptor's count, an I4
+  Spread operations[kOperationCount];
   std::map<std::string, ExportFigures> exports;
 };
 
-// Creates the objects as the library does (CLSIDFromProgID, CoCreateInstance) and times the calls on them.
-void TimeCalls(ServerFigures& figures, int count) {
+// Creates the objects as the library does (CLSIDFromProgID, CoCreateInstance) and times the operations on them.
+void TimeOperations(ServerFigures& figures, int count) {
   win32::ComAutomation com;
   const DispatchPtr application = com.Create(L"Photoshop.Application.130");
   const DispatchPtr descriptor = com.Create(L"Photoshop.ActionDescriptor.130");
-  figures.version = TimeGet(*application, dispid::app::kVersion, count);
-  figures.count = TimeGet(*descriptor, dispid::desc::kCount, count);
+  const DispatchPtr reference = com.Create(L"Photoshop.ActionReference.130");
+  const auto id = [&](int32_t dispId, const wchar_t* name) {
+    return Variant::I4(application->Invoke(dispId, InvokeKind::kMethod, {{Variant::Bstr(name)}}).AsI4());
+  };
+  const Variant put[] = {id(dispid::app::kStringIDToTypeID, L"property"), id(dispid::app::kStringIDToTypeID, L"name")};
+  reference->Invoke(dispid::ref::kPutProperty, InvokeKind::kMethod, put);
+  const Variant current[] = {id(dispid::app::kCharIDToTypeID, L"Lyr "), id(dispid::app::kCharIDToTypeID, L"Ordn"),
+                             id(dispid::app::kCharIDToTypeID, L"Trgt")};
+  reference->Invoke(dispid::ref::kPutEnumerated, InvokeKind::kMethod, current);
+  const Variant target[] = {Variant::Dispatch(reference)};
+
+  figures.operations[kVersionGet] = TimeOperation(
+      [&] { application->Invoke(dispid::app::kVersion, InvokeKind::kPropertyGet, {}); }, count);
+  figures.operations[kCountGet] = TimeOperation(
+      [&] { descriptor->Invoke(dispid::desc::kCount, InvokeKind::kPropertyGet, {}); }, count);
+  figures.operations[kActionGet] = TimeOperation(
+      [&] { application->Invoke(dispid::app::kExecuteActionGet, InvokeKind::kMethod, target); }, count);
+  figures.operations[kCreate] = TimeOperation([&] { com.Create(L"Photoshop.ActionReference.130"); }, count);
 }
 
 // Connects the library and runs each export: once for its answer and calls, then runs times timed.
-void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, int runs) {
+void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, const CreationCounter& creations,
+                 int runs) {
   if (Ostrel_Init() != 1) throw std::runtime_error("Ostrel_Init did not connect to " + figures.servedBy);
   for (const char* name : kExports) {
     const cli::CallEntry* entry = FindExport(name);
     if (!entry) throw std::runtime_error(std::string("no export ") + name);
     ExportFigures& export_ = figures.exports[name];
+    const int64_t createdBefore = creations.Created();
     export_.first = RunExport(*entry, counter);
+    export_.created = creations.Created() - createdBefore;
     std::vector<double> samples;
     for (int i = 0; i < runs; ++i) {
       const double start = NowMicroseconds();
@@ -114,15 +161,15 @@ void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, int r
 
 // The figures of a server in a second process. Throws when it doesn't start or doesn't end cleanly.
 ServerFigures TimeAcrossProcesses(ServerApartment apartment, const std::string& servedBy, int count,
-                                  cli::CountingAutomation* counter, int runs) {
+                                  cli::CountingAutomation* counter, const CreationCounter& creations, int runs) {
   ServerFigures figures;
   figures.servedBy = servedBy;
   std::wstring error;
   std::optional<LocalServer> server =
       LocalServer::Start(ServerBesideThisProgram(), Scenario(), apartment, 600, error);
   if (!server) throw std::runtime_error("the local server (" + servedBy + "): " + std::string(error.begin(), error.end()));
-  TimeCalls(figures, count);
-  if (counter) TimeExports(figures, *counter, runs);
+  TimeOperations(figures, count);
+  if (counter) TimeExports(figures, *counter, creations, runs);
   const DWORD exit = server->Stop();
   if (exit != kServerClean) {
     const std::wstring why = DescribeServerExit(exit);
@@ -137,30 +184,34 @@ std::string Row(const std::vector<std::string>& cells) {
   return row;
 }
 
-void PrintCallTable(const std::vector<const ServerFigures*>& servers) {
+void PrintOperationTable(const std::vector<const ServerFigures*>& servers) {
   std::cout << Row({"automation call", "served by", "calls timed", "median", "10th to 90th percentile",
                     "99th percentile"})
             << "\n|---|---|---:|---:|---:|---:|\n";
-  const struct {
-    const char* name;
-    Spread ServerFigures::*spread;
-  } calls[] = {{"`version` of the application (a BSTR)", &ServerFigures::version},
-               {"`count` of an ActionDescriptor (an I4)", &ServerFigures::count}};
-  for (const auto& call : calls) {
+  for (int operation = 0; operation < kOperationCount; ++operation) {
     for (const ServerFigures* server : servers) {
-      const Spread& s = server->*call.spread;
-      std::cout << Row({call.name, server->servedBy, std::to_string(s.count), FormatMicroseconds(s.median),
-                        FormatMicroseconds(s.p10) + " to " + FormatMicroseconds(s.p90), FormatMicroseconds(s.p99)})
+      const Spread& s = server->operations[operation];
+      std::cout << Row({kOperationNames[operation], server->servedBy, std::to_string(s.count),
+                        FormatMicroseconds(s.median), FormatMicroseconds(s.p10) + " to " + FormatMicroseconds(s.p90),
+                        FormatMicroseconds(s.p99)})
                 << "\n";
     }
   }
 }
 
+// An export's estimate: its automation calls times the median of a property get, and with the creations its
+// objects times the median of a creation.
+double Estimate(const ExportFigures& export_, const ServerFigures& server, bool withCreations) {
+  return static_cast<double>(export_.first.calls) * server.operations[kVersionGet].median +
+         (withCreations ? static_cast<double>(export_.created) * server.operations[kCreate].median : 0);
+}
+
 void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& crossProcess) {
   std::cout << Row({std::string("export on `") + kScenarioName + "`", "arguments", "automation calls",
-                    "in-process: calls × median", "in-process: measured", "cross-process: calls × median",
+                    "objects created", "in-process: calls × get + creations × creation", "in-process: measured",
+                    "cross-process: calls × get", "cross-process: calls × get + creations × creation",
                     "cross-process: measured"})
-            << "\n|---|---|---:|---:|---:|---:|---:|\n";
+            << "\n|---|---|---:|---:|---:|---:|---:|---:|---:|\n";
   for (const char* name : kExports) {
     const ExportFigures& here = inProcess.exports.at(name);
     const ExportFigures& there = crossProcess.exports.at(name);
@@ -168,11 +219,11 @@ void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& cross
     for (const cli::CallArg& arg : FindExport(name)->sampleArgs) {
       arguments += (arguments.empty() ? "" : " ") + cli::RenderJson(arg.value);
     }
-    const double calls = static_cast<double>(there.first.calls);
     std::cout << Row({std::string("`") + name + "`", arguments.empty() ? "" : "`" + arguments + "`",
-                      std::to_string(there.first.calls), FormatMicroseconds(calls * inProcess.version.median),
-                      FormatMicroseconds(here.time.median), FormatMicroseconds(calls * crossProcess.version.median),
-                      FormatMicroseconds(there.time.median)})
+                      std::to_string(there.first.calls), std::to_string(there.created),
+                      FormatMicroseconds(Estimate(here, inProcess, true)), FormatMicroseconds(here.time.median),
+                      FormatMicroseconds(Estimate(there, crossProcess, false)),
+                      FormatMicroseconds(Estimate(there, crossProcess, true)), FormatMicroseconds(there.time.median)})
               << "\n";
   }
 }
@@ -183,7 +234,8 @@ bool SameAnswers(const ServerFigures& inProcess, const ServerFigures& crossProce
   for (const char* name : kExports) {
     const ExportRun& here = inProcess.exports.at(name).first;
     const ExportRun& there = crossProcess.exports.at(name).first;
-    if (!here.ran || !there.ran || here.answer != there.answer || here.calls != there.calls) {
+    if (!here.ran || !there.ran || here.answer != there.answer || here.calls != there.calls ||
+        inProcess.exports.at(name).created != crossProcess.exports.at(name).created) {
       std::cerr << "ostrel_roundtrip: " << name << " answers differently across processes:\n  in-process    ("
                 << here.calls << " calls) " << here.answer << "\n  cross-process (" << there.calls << " calls) "
                 << there.answer << "\n";
@@ -198,7 +250,8 @@ int Run(int count, int remoteCount, int runs) {
   ProcessParameters parameters;
   parameters.Set(EnTallyKey::kPhotoshopVersionName, L"Adobe Photoshop CC 2019");
   win32::ComAutomation comAutomation;
-  cli::CountingAutomation counter(comAutomation);
+  CreationCounter creations(comAutomation);
+  cli::CountingAutomation counter(creations);
   const ScopedPlatform platform(Platform{.automation = &counter, .parameters = &parameters});
 
   ServerFigures inProcess;
@@ -207,24 +260,26 @@ int Run(int count, int remoteCount, int runs) {
     sim::SimulatedPhotoshop photoshop = sim::SimulatedPhotoshop::FromFile(Scenario());
     const testing::ComBridge bridge(photoshop, testing::kProgIds130, CLSCTX_INPROC_SERVER);
     if (!bridge.AllRegistered()) throw std::runtime_error("the in-process bridge could not register its classes");
-    TimeCalls(inProcess, count);
-    TimeExports(inProcess, counter, runs);
+    TimeOperations(inProcess, count);
+    TimeExports(inProcess, counter, creations, runs);
   }
   const ServerFigures singleThreaded =
       TimeAcrossProcesses(ServerApartment::kSingleThreaded,
                           "another process: a single-threaded apartment and its message loop", remoteCount, &counter,
-                          runs);
+                          creations, runs);
   const ServerFigures multithreaded = TimeAcrossProcesses(
-      ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount, nullptr, runs);
+      ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount, nullptr, creations, runs);
 
-  PrintCallTable({&inProcess, &singleThreaded, &multithreaded});
+  PrintOperationTable({&inProcess, &singleThreaded, &multithreaded});
   std::cout << "\n";
   PrintExportTable(inProcess, singleThreaded);
-  std::cout << "\nThe exports' medians are of " << runs << " runs each; \"calls × median\" multiplies their automation"
-            << " calls by the median of `version` in this process and from the single-threaded apartment of the other"
-            << " process. One call across processes costs "
-            << static_cast<int>(singleThreaded.version.median / inProcess.version.median + 0.5)
-            << " times one in this process.\n";
+  std::cout << "\nThe exports' times are the medians of " << runs << " runs each. \"get\" is the median of `version` and"
+            << " \"creation\" that of the creation of an ActionReference, in this process and from the single-threaded"
+            << " apartment of the other process. Across processes a get costs "
+            << static_cast<int>(singleThreaded.operations[kVersionGet].median / inProcess.operations[kVersionGet].median + 0.5)
+            << " times, a creation "
+            << static_cast<int>(singleThreaded.operations[kCreate].median / inProcess.operations[kCreate].median + 0.5)
+            << " times what they cost in one process.\n";
   return SameAnswers(inProcess, singleThreaded) ? 0 : 1;
 }
 
@@ -239,7 +294,7 @@ int ArgumentAfter(int& i, int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    int count = 20000, remoteCount = 4000, runs = 11;
+    int count = 20000, remoteCount = 2000, runs = 11;
     for (int i = 1; i < argc; ++i) {
       if (std::strcmp(argv[i], "--calls") == 0) {
         count = ArgumentAfter(i, argc, argv);

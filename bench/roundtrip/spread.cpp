@@ -40,7 +40,8 @@ std::string FormatMicroseconds(double microseconds) {
   if (microseconds < 100) return Printed("%.1f us", microseconds);
   if (microseconds < 1000) return Printed("%.0f us", microseconds);
   if (microseconds < 10000) return Printed("%.2f ms", microseconds / 1000);
-  if (microseconds < 1000000) return Printed("%.1f ms", microseconds / 1000);
+  if (microseconds < 100000) return Printed("%.1f ms", microseconds / 1000);
+  if (microseconds < 1000000) return Printed("%.0f ms", microseconds / 1000);
   return Printed("%.2f s", microseconds / 1000000);
 }
 
