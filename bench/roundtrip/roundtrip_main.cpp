@@ -18,7 +18,9 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -85,25 +87,69 @@ constexpr const char* kOperationNames[kOperationCount] = {
 struct ExportFigures {
   ExportRun first;       // its answer and automation calls
   int64_t created = 0;   // the objects it created by ProgID, each a CoCreateInstance that the calls don't count
+  int64_t objectCalls = 0;  // its calls that carry an object either way
   Spread time;
 };
 
-// Counts the objects created through the automation it decorates.
-class CreationCounter final : public IAutomation {
+// Counts, on the automation it decorates, the objects created by ProgID and the calls that carry an object either
+// way (an ActionReference handed to executeActionGet, a descriptor or a list coming back): across processes each
+// such object is marshalled, and a returned one is released with a round trip of its own.
+class ObjectTally final : public IAutomation {
  public:
-  explicit CreationCounter(IAutomation& inner) : m_inner(inner) {}
+  explicit ObjectTally(IAutomation& inner) : m_inner(inner) {}
   int32_t Initialize() override { return m_inner.Initialize(); }
   DispatchPtr Create(const std::wstring& progId) override {
-    ++m_created;
-    return m_inner.Create(progId);
+    ++m_counts->created;
+    return Wrap(m_inner.Create(progId), m_counts);
   }
   std::wstring ErrorMessage(int32_t code) override { return m_inner.ErrorMessage(code); }
-  int64_t Created() const noexcept { return m_created; }
+  int64_t Created() const noexcept { return m_counts->created; }
+  int64_t ObjectCalls() const noexcept { return m_counts->objectCalls; }
 
  private:
+  struct Counts {
+    int64_t created = 0;
+    int64_t objectCalls = 0;
+  };
+
+  class Object final : public IAutomationObject {
+   public:
+    Object(DispatchPtr inner, std::shared_ptr<Counts> counts) : m_inner(std::move(inner)), m_counts(std::move(counts)) {}
+    Variant Invoke(int32_t dispId, InvokeKind kind, std::span<const Variant> args) override {
+      std::vector<Variant> inner;
+      bool carriesObject = false;
+      for (const Variant& arg : args) inner.push_back(Unwrapped(arg, carriesObject));
+      const Variant result = m_inner->Invoke(dispId, kind, inner);
+      if (result.type() == VarType::kDispatch && result.AsDispatch()) carriesObject = true;
+      if (carriesObject) ++m_counts->objectCalls;
+      return result.type() == VarType::kDispatch ? Variant::Dispatch(Wrap(result.AsDispatch(), m_counts)) : result;
+    }
+    const DispatchPtr& inner() const noexcept { return m_inner; }
+
+   private:
+    DispatchPtr m_inner;
+    std::shared_ptr<Counts> m_counts;
+  };
+
+  static DispatchPtr Wrap(const DispatchPtr& object, const std::shared_ptr<Counts>& counts) {
+    return object ? std::make_shared<Object>(object, counts) : object;
+  }
+  static Variant Unwrapped(const Variant& value, bool& carriesObject) {
+    if (value.type() == VarType::kArray) {
+      std::vector<Variant> items;
+      for (const Variant& item : value.AsArray()) items.push_back(Unwrapped(item, carriesObject));
+      return Variant::Array(std::move(items));
+    }
+    if (value.type() != VarType::kDispatch || !value.AsDispatch()) return value;
+    carriesObject = true;
+    const auto* object = dynamic_cast<const Object*>(value.AsDispatch().get());
+    return object ? Variant::Dispatch(object->inner()) : value;
+  }
+
   IAutomation& m_inner;
-  int64_t m_created = 0;
+  std::shared_ptr<Counts> m_counts = std::make_shared<Counts>();
 };
+
 
 // What one server gave: the operations and the exports.
 struct ServerFigures {
@@ -138,16 +184,18 @@ void TimeOperations(ServerFigures& figures, int count) {
 }
 
 // Connects the library and runs each export: once for its answer and calls, then runs times timed.
-void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, const CreationCounter& creations,
+void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, const ObjectTally& tally,
                  int runs) {
   if (Ostrel_Init() != 1) throw std::runtime_error("Ostrel_Init did not connect to " + figures.servedBy);
   for (const char* name : kExports) {
     const cli::CallEntry* entry = FindExport(name);
     if (!entry) throw std::runtime_error(std::string("no export ") + name);
     ExportFigures& export_ = figures.exports[name];
-    const int64_t createdBefore = creations.Created();
+    const int64_t createdBefore = tally.Created();
+    const int64_t objectCallsBefore = tally.ObjectCalls();
     export_.first = RunExport(*entry, counter);
-    export_.created = creations.Created() - createdBefore;
+    export_.created = tally.Created() - createdBefore;
+    export_.objectCalls = tally.ObjectCalls() - objectCallsBefore;
     std::vector<double> samples;
     for (int i = 0; i < runs; ++i) {
       const double start = NowMicroseconds();
@@ -161,7 +209,7 @@ void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, const
 
 // The figures of a server in a second process. Throws when it doesn't start or doesn't end cleanly.
 ServerFigures TimeAcrossProcesses(ServerApartment apartment, const std::string& servedBy, int count,
-                                  cli::CountingAutomation* counter, const CreationCounter& creations, int runs) {
+                                  cli::CountingAutomation* counter, const ObjectTally& tally, int runs) {
   ServerFigures figures;
   figures.servedBy = servedBy;
   std::wstring error;
@@ -169,7 +217,7 @@ ServerFigures TimeAcrossProcesses(ServerApartment apartment, const std::string& 
       LocalServer::Start(ServerBesideThisProgram(), Scenario(), apartment, 600, error);
   if (!server) throw std::runtime_error("the local server (" + servedBy + "): " + std::string(error.begin(), error.end()));
   TimeOperations(figures, count);
-  if (counter) TimeExports(figures, *counter, creations, runs);
+  if (counter) TimeExports(figures, *counter, tally, runs);
   const DWORD exit = server->Stop();
   if (exit != kServerClean) {
     const std::wstring why = DescribeServerExit(exit);
@@ -199,19 +247,23 @@ void PrintOperationTable(const std::vector<const ServerFigures*>& servers) {
   }
 }
 
-// An export's estimate: its automation calls times the median of a property get, and with the creations its
-// objects times the median of a creation.
-double Estimate(const ExportFigures& export_, const ServerFigures& server, bool withCreations) {
-  return static_cast<double>(export_.first.calls) * server.operations[kVersionGet].median +
-         (withCreations ? static_cast<double>(export_.created) * server.operations[kCreate].median : 0);
+// An export's estimate: its automation calls times the median of a property get; in full, its calls that carry no
+// object at that figure, those that carry one at the median of executeActionGet, and its creations at the median
+// of a creation.
+double Estimate(const ExportFigures& export_, const ServerFigures& server, bool full) {
+  const auto times = [&](int64_t count, Operation operation) {
+    return static_cast<double>(count) * server.operations[operation].median;
+  };
+  if (!full) return times(export_.first.calls, kVersionGet);
+  return times(export_.first.calls - export_.objectCalls, kVersionGet) + times(export_.objectCalls, kActionGet) +
+         times(export_.created, kCreate);
 }
 
 void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& crossProcess) {
   std::cout << Row({std::string("export on `") + kScenarioName + "`", "arguments", "automation calls",
-                    "objects created", "in-process: calls × get + creations × creation", "in-process: measured",
-                    "cross-process: calls × get", "cross-process: calls × get + creations × creation",
-                    "cross-process: measured"})
-            << "\n|---|---|---:|---:|---:|---:|---:|---:|---:|\n";
+                    "calls with an object", "objects created", "in-process: estimate in full", "in-process: measured",
+                    "cross-process: calls × get", "cross-process: estimate in full", "cross-process: measured"})
+            << "\n|---|---|---:|---:|---:|---:|---:|---:|---:|---:|\n";
   for (const char* name : kExports) {
     const ExportFigures& here = inProcess.exports.at(name);
     const ExportFigures& there = crossProcess.exports.at(name);
@@ -220,7 +272,7 @@ void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& cross
       arguments += (arguments.empty() ? "" : " ") + cli::RenderJson(arg.value);
     }
     std::cout << Row({std::string("`") + name + "`", arguments.empty() ? "" : "`" + arguments + "`",
-                      std::to_string(there.first.calls), std::to_string(there.created),
+                      std::to_string(there.first.calls), std::to_string(there.objectCalls), std::to_string(there.created),
                       FormatMicroseconds(Estimate(here, inProcess, true)), FormatMicroseconds(here.time.median),
                       FormatMicroseconds(Estimate(there, crossProcess, false)),
                       FormatMicroseconds(Estimate(there, crossProcess, true)), FormatMicroseconds(there.time.median)})
@@ -235,7 +287,8 @@ bool SameAnswers(const ServerFigures& inProcess, const ServerFigures& crossProce
     const ExportRun& here = inProcess.exports.at(name).first;
     const ExportRun& there = crossProcess.exports.at(name).first;
     if (!here.ran || !there.ran || here.answer != there.answer || here.calls != there.calls ||
-        inProcess.exports.at(name).created != crossProcess.exports.at(name).created) {
+        inProcess.exports.at(name).created != crossProcess.exports.at(name).created ||
+        inProcess.exports.at(name).objectCalls != crossProcess.exports.at(name).objectCalls) {
       std::cerr << "ostrel_roundtrip: " << name << " answers differently across processes:\n  in-process    ("
                 << here.calls << " calls) " << here.answer << "\n  cross-process (" << there.calls << " calls) "
                 << there.answer << "\n";
@@ -250,8 +303,8 @@ int Run(int count, int remoteCount, int runs) {
   ProcessParameters parameters;
   parameters.Set(EnTallyKey::kPhotoshopVersionName, L"Adobe Photoshop CC 2019");
   win32::ComAutomation comAutomation;
-  CreationCounter creations(comAutomation);
-  cli::CountingAutomation counter(creations);
+  ObjectTally tally(comAutomation);
+  cli::CountingAutomation counter(tally);
   const ScopedPlatform platform(Platform{.automation = &counter, .parameters = &parameters});
 
   ServerFigures inProcess;
@@ -261,21 +314,23 @@ int Run(int count, int remoteCount, int runs) {
     const testing::ComBridge bridge(photoshop, testing::kProgIds130, CLSCTX_INPROC_SERVER);
     if (!bridge.AllRegistered()) throw std::runtime_error("the in-process bridge could not register its classes");
     TimeOperations(inProcess, count);
-    TimeExports(inProcess, counter, creations, runs);
+    TimeExports(inProcess, counter, tally, runs);
   }
   const ServerFigures singleThreaded =
       TimeAcrossProcesses(ServerApartment::kSingleThreaded,
                           "another process: a single-threaded apartment and its message loop", remoteCount, &counter,
-                          creations, runs);
+                          tally, runs);
   const ServerFigures multithreaded = TimeAcrossProcesses(
-      ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount, nullptr, creations, runs);
+      ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount, nullptr, tally, runs);
 
   PrintOperationTable({&inProcess, &singleThreaded, &multithreaded});
   std::cout << "\n";
   PrintExportTable(inProcess, singleThreaded);
-  std::cout << "\nThe exports' times are the medians of " << runs << " runs each. \"get\" is the median of `version` and"
-            << " \"creation\" that of the creation of an ActionReference, in this process and from the single-threaded"
-            << " apartment of the other process. Across processes a get costs "
+  std::cout << "\nThe exports' times are the medians of " << runs << " runs each. \"calls × get\" is the automation calls"
+            << " times the median of `version`; \"in full\" counts the calls that carry an object at the median of"
+            << " `executeActionGet`, the rest at that of `version`, and adds the creations at the median of a creation,"
+            << " in this process and from the single-threaded apartment of the other process. Across processes a get"
+            << " costs "
             << static_cast<int>(singleThreaded.operations[kVersionGet].median / inProcess.operations[kVersionGet].median + 0.5)
             << " times, a creation "
             << static_cast<int>(singleThreaded.operations[kCreate].median / inProcess.operations[kCreate].median + 0.5)
