@@ -19,7 +19,6 @@
 #include "platform/win32/com_automation.h"
 #include "platform/win32/holders.h"
 #include "simulator/photoshop.h"
-#include "spread.h"
 
 namespace ostrel::roundtrip {
 namespace {
@@ -152,40 +151,6 @@ TEST_P(ServerLifetimeTest, EndsAsItSays) {
 
 INSTANTIATE_TEST_SUITE_P(Lifetimes, ServerLifetimeTest, ::testing::ValuesIn(kLifetimes),
                          [](const auto& info) { return std::string(info.param.name); });
-
-// The percentiles of the measurement.
-struct SpreadCase {
-  const char* name;
-  std::vector<double> samples;
-  Spread expected;
-};
-
-TEST(SpreadTest, NearestRankPercentiles) {
-  std::vector<double> hundred;
-  for (int i = 100; i >= 1; --i) hundred.push_back(i);  // unsorted on purpose
-  const SpreadCase cases[] = {
-      {"None", {}, {0, 0, 0, 0, 0}},
-      {"One", {7}, {1, 7, 7, 7, 7}},
-      {"Two", {9, 1}, {2, 1, 1, 9, 9}},
-      {"OneToHundred", hundred, {100, 50, 10, 90, 99}},
-  };
-  for (const SpreadCase& c : cases) {
-    SCOPED_TRACE(c.name);
-    const Spread s = SpreadOf(c.samples);
-    EXPECT_EQ(s.count, c.expected.count);
-    EXPECT_EQ(s.median, c.expected.median);
-    EXPECT_EQ(s.p10, c.expected.p10);
-    EXPECT_EQ(s.p90, c.expected.p90);
-    EXPECT_EQ(s.p99, c.expected.p99);
-  }
-}
-
-TEST(SpreadTest, DurationsKeepThreeFiguresInTheirUnit) {
-  const std::pair<double, const char*> cases[] = {{0.843, "0.84 us"},  {61.27, "61.3 us"}, {412.4, "412 us"},
-                                                  {1270, "1.27 ms"},   {38400, "38.4 ms"}, {637800, "638 ms"},
-                                                  {3800000, "3.80 s"}};
-  for (const auto& [microseconds, text] : cases) EXPECT_EQ(FormatMicroseconds(microseconds), text);
-}
 
 }  // namespace
 }  // namespace ostrel::roundtrip

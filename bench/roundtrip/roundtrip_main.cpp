@@ -29,6 +29,7 @@
 #include "export_runs.h"
 #include "frame/dispids.h"
 #include "local_server.h"
+#include "object_tally.h"
 #include "ostrel/OstrelCore.h"
 #include "platform/platform.h"
 #include "platform/portable/portable_backends.h"
@@ -90,66 +91,6 @@ struct ExportFigures {
   int64_t objectCalls = 0;  // its calls that carry an object either way
   Spread time;
 };
-
-// Counts, on the automation it decorates, the objects created by ProgID and the calls that carry an object either
-// way (an ActionReference handed to executeActionGet, a descriptor or a list coming back): across processes each
-// such object is marshalled, and a returned one is released with a round trip of its own.
-class ObjectTally final : public IAutomation {
- public:
-  explicit ObjectTally(IAutomation& inner) : m_inner(inner) {}
-  int32_t Initialize() override { return m_inner.Initialize(); }
-  DispatchPtr Create(const std::wstring& progId) override {
-    ++m_counts->created;
-    return Wrap(m_inner.Create(progId), m_counts);
-  }
-  std::wstring ErrorMessage(int32_t code) override { return m_inner.ErrorMessage(code); }
-  int64_t Created() const noexcept { return m_counts->created; }
-  int64_t ObjectCalls() const noexcept { return m_counts->objectCalls; }
-
- private:
-  struct Counts {
-    int64_t created = 0;
-    int64_t objectCalls = 0;
-  };
-
-  class Object final : public IAutomationObject {
-   public:
-    Object(DispatchPtr inner, std::shared_ptr<Counts> counts) : m_inner(std::move(inner)), m_counts(std::move(counts)) {}
-    Variant Invoke(int32_t dispId, InvokeKind kind, std::span<const Variant> args) override {
-      std::vector<Variant> inner;
-      bool carriesObject = false;
-      for (const Variant& arg : args) inner.push_back(Unwrapped(arg, carriesObject));
-      const Variant result = m_inner->Invoke(dispId, kind, inner);
-      if (result.type() == VarType::kDispatch && result.AsDispatch()) carriesObject = true;
-      if (carriesObject) ++m_counts->objectCalls;
-      return result.type() == VarType::kDispatch ? Variant::Dispatch(Wrap(result.AsDispatch(), m_counts)) : result;
-    }
-    const DispatchPtr& inner() const noexcept { return m_inner; }
-
-   private:
-    DispatchPtr m_inner;
-    std::shared_ptr<Counts> m_counts;
-  };
-
-  static DispatchPtr Wrap(const DispatchPtr& object, const std::shared_ptr<Counts>& counts) {
-    return object ? std::make_shared<Object>(object, counts) : object;
-  }
-  static Variant Unwrapped(const Variant& value, bool& carriesObject) {
-    if (value.type() == VarType::kArray) {
-      std::vector<Variant> items;
-      for (const Variant& item : value.AsArray()) items.push_back(Unwrapped(item, carriesObject));
-      return Variant::Array(std::move(items));
-    }
-    if (value.type() != VarType::kDispatch || !value.AsDispatch()) return value;
-    carriesObject = true;
-    const auto* object = dynamic_cast<const Object*>(value.AsDispatch().get());
-    return object ? Variant::Dispatch(object->inner()) : value;
-  }
-
-  IAutomation& m_inner;
-  std::shared_ptr<Counts> m_counts = std::make_shared<Counts>();
-};
-
 
 // What one server gave: the operations and the exports.
 struct ServerFigures {
@@ -234,27 +175,27 @@ std::string Row(const std::vector<std::string>& cells) {
 
 void PrintOperationTable(const std::vector<const ServerFigures*>& servers) {
   std::cout << Row({"automation call", "served by", "calls timed", "median", "10th to 90th percentile",
-                    "99th percentile"})
-            << "\n|---|---|---:|---:|---:|---:|\n";
+                    "99th percentile", "mean"})
+            << "\n|---|---|---:|---:|---:|---:|---:|\n";
   for (int operation = 0; operation < kOperationCount; ++operation) {
     for (const ServerFigures* server : servers) {
       const Spread& s = server->operations[operation];
       std::cout << Row({kOperationNames[operation], server->servedBy, std::to_string(s.count),
                         FormatMicroseconds(s.median), FormatMicroseconds(s.p10) + " to " + FormatMicroseconds(s.p90),
-                        FormatMicroseconds(s.p99)})
+                        FormatMicroseconds(s.p99), FormatMicroseconds(s.mean)})
                 << "\n";
     }
   }
 }
 
-// An export's estimate: its automation calls times the median of a property get; in full, its calls that carry no
-// object at that figure, those that carry one at the median of executeActionGet, and its creations at the median
-// of a creation.
+// An export's estimate: its automation calls times the median of a property get; in full, the expected sum of its
+// calls: those that carry no object at the mean of a get, those that carry one at the mean of executeActionGet,
+// and its creations at the mean of a creation.
 double Estimate(const ExportFigures& export_, const ServerFigures& server, bool full) {
+  if (!full) return static_cast<double>(export_.first.calls) * server.operations[kVersionGet].median;
   const auto times = [&](int64_t count, Operation operation) {
-    return static_cast<double>(count) * server.operations[operation].median;
+    return static_cast<double>(count) * server.operations[operation].mean;
   };
-  if (!full) return times(export_.first.calls, kVersionGet);
   return times(export_.first.calls - export_.objectCalls, kVersionGet) + times(export_.objectCalls, kActionGet) +
          times(export_.created, kCreate);
 }
@@ -262,7 +203,7 @@ double Estimate(const ExportFigures& export_, const ServerFigures& server, bool 
 void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& crossProcess) {
   std::cout << Row({std::string("export on `") + kScenarioName + "`", "arguments", "automation calls",
                     "calls with an object", "objects created", "in-process: estimate in full", "in-process: measured",
-                    "cross-process: calls × get", "cross-process: estimate in full", "cross-process: measured"})
+                    "cross-process: calls × median get", "cross-process: estimate in full", "cross-process: measured"})
             << "\n|---|---|---:|---:|---:|---:|---:|---:|---:|---:|\n";
   for (const char* name : kExports) {
     const ExportFigures& here = inProcess.exports.at(name);
@@ -326,11 +267,11 @@ int Run(int count, int remoteCount, int runs) {
   PrintOperationTable({&inProcess, &singleThreaded, &multithreaded});
   std::cout << "\n";
   PrintExportTable(inProcess, singleThreaded);
-  std::cout << "\nThe exports' times are the medians of " << runs << " runs each. \"calls × get\" is the automation calls"
-            << " times the median of `version`; \"in full\" counts the calls that carry an object at the median of"
-            << " `executeActionGet`, the rest at that of `version`, and adds the creations at the median of a creation,"
-            << " in this process and from the single-threaded apartment of the other process. Across processes a get"
-            << " costs "
+  std::cout << "\nThe exports' times are the medians of " << runs << " runs each. \"calls × median get\" is the"
+            << " automation calls times the median of `version`; \"in full\" is the expected sum of the calls, those"
+            << " that carry an object at the mean of `executeActionGet`, the rest at the mean of `version`, and the"
+            << " creations at the mean of a creation, in this process and from the single-threaded apartment of the"
+            << " other process. Across processes a get costs "
             << static_cast<int>(singleThreaded.operations[kVersionGet].median / inProcess.operations[kVersionGet].median + 0.5)
             << " times, a creation "
             << static_cast<int>(singleThreaded.operations[kCreate].median / inProcess.operations[kCreate].median + 0.5)

@@ -28,6 +28,9 @@ Spread SpreadOf(std::vector<double> samples) {
   spread.count = samples.size();
   if (samples.empty()) return spread;
   std::sort(samples.begin(), samples.end());
+  double sum = 0;
+  for (const double sample : samples) sum += sample;
+  spread.mean = sum / static_cast<double>(samples.size());
   spread.median = Percentile(samples, 50);
   spread.p10 = Percentile(samples, 10);
   spread.p90 = Percentile(samples, 90);
