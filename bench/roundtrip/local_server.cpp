@@ -13,7 +13,9 @@ std::wstring NewTag() {
   return std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++next);
 }
 
-std::wstring Quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
+std::wstring Quoted(const std::wstring& text) {
+  return L"\"" + text + L"\"";
+}
 
 }  // namespace
 
@@ -46,7 +48,7 @@ std::optional<LocalServer> LocalServer::Start(const std::filesystem::path& serve
     error = L"cannot start " + serverExe.wstring() + L" (" + std::to_wstring(GetLastError()) + L")";
     return std::nullopt;
   }
-  CloseHandle(process.hThread);
+  const Handle thread(process.hThread);
   server.m_process = Handle(process.hProcess);
 
   const HANDLE waitFor[] = {ready.Get(), server.m_process.Get()};
@@ -100,16 +102,26 @@ std::filesystem::path ServerBesideThisProgram() {
 
 std::wstring DescribeServerExit(DWORD code) {
   switch (code) {
-    case kServerClean: return L"stopped cleanly";
-    case kServerUsage: return L"bad command line";
-    case kServerNoScenario: return L"the scenario could not be read";
-    case kServerNoRegistration: return L"the classes could not be registered";
-    case kServerDeadline: return L"its deadline passed";
-    case kServerObjectsAlive: return L"objects were still alive when it was stopped";
-    case kServerClientGone: return L"its client ended without stopping it";
-    case kServerWaitFailed: return L"waiting for its events failed";
-    case kServerKilled: return L"terminated: it did not exit in time";
-    default: return L"exit code " + std::to_wstring(code);
+    case kServerClean:
+      return L"stopped cleanly";
+    case kServerUsage:
+      return L"bad command line";
+    case kServerNoScenario:
+      return L"the scenario could not be read";
+    case kServerNoRegistration:
+      return L"the classes could not be registered";
+    case kServerDeadline:
+      return L"its deadline passed";
+    case kServerObjectsAlive:
+      return L"objects were still alive when it was stopped";
+    case kServerClientGone:
+      return L"its client ended without stopping it";
+    case kServerWaitFailed:
+      return L"waiting for its events failed";
+    case kServerKilled:
+      return L"terminated: it did not exit in time";
+    default:
+      return L"exit code " + std::to_wstring(code);
   }
 }
 

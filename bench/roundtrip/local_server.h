@@ -16,15 +16,15 @@ namespace ostrel::roundtrip {
 
 // The server's exit codes.
 enum ServerExit : DWORD {
-  kServerClean = 0,          // stopped by its client, and every object it served had been released
-  kServerUsage = 2,          // a bad command line
-  kServerNoScenario = 3,     // the scenario could not be read
-  kServerNoRegistration = 4, // COM or the registry refused the classes
-  kServerDeadline = 5,       // nobody stopped it before its deadline
-  kServerObjectsAlive = 6,   // stopped while its client still held objects
-  kServerClientGone = 7,     // the client's process ended without stopping it
-  kServerWaitFailed = 8,     // waiting for its events failed
-  kServerKilled = 9,         // it didn't stop in time and was terminated (set by the client, not the server)
+  kServerClean = 0,           // stopped by its client, and every object it served had been released
+  kServerUsage = 2,           // a bad command line
+  kServerNoScenario = 3,      // the scenario could not be read
+  kServerNoRegistration = 4,  // COM or the registry refused the classes
+  kServerDeadline = 5,        // nobody stopped it before its deadline
+  kServerObjectsAlive = 6,    // stopped while its client still held objects
+  kServerClientGone = 7,      // the client's process ended without stopping it
+  kServerWaitFailed = 8,      // waiting for its events failed
+  kServerKilled = 9,          // it didn't stop in time and was terminated (set by the client, not the server)
 };
 
 // The apartment that serves the calls: a single-threaded one with a message loop, as Photoshop's main thread, or
@@ -35,7 +35,7 @@ enum class ServerApartment { kSingleThreaded, kMultithreaded };
 // "stop" (the client is done). The tag makes them the client's own.
 std::wstring ServerEventName(const std::wstring& tag, const wchar_t* which);
 
-// Handles, closed by their owner.
+// Handles of events and processes, closed by their owner.
 using Handle = win32::UniqueAny<HANDLE, &CloseHandle>;
 
 // One running server process. Going out of scope stops it.

@@ -43,8 +43,8 @@ TEST(SpreadTest, MeanAndNearestRankPercentiles) {
 }
 
 TEST(SpreadTest, DurationsKeepThreeFiguresInTheirUnit) {
-  const std::pair<double, const char*> cases[] = {{0.843, "0.84 us"},  {61.27, "61.3 us"}, {412.4, "412 us"},
-                                                  {1270, "1.27 ms"},   {38400, "38.4 ms"}, {637800, "638 ms"},
+  const std::pair<double, const char*> cases[] = {{0.843, "0.84 us"}, {61.27, "61.3 us"}, {412.4, "412 us"},
+                                                  {1270, "1.27 ms"},  {38400, "38.4 ms"}, {637800, "638 ms"},
                                                   {3800000, "3.80 s"}};
   for (const auto& [microseconds, text] : cases) EXPECT_EQ(FormatMicroseconds(microseconds), text);
 }
@@ -69,7 +69,8 @@ TEST(ObjectTallyTest, CountsCreationsAndTheCallsThatCarryAnObject) {
       {"create a reference", [&] { reference = tally.Create(L"Photoshop.ActionReference.130"); }, 2, 0},
       {"numbers into the reference",
        [&] {
-         const Variant current[] = {id(dispid::app::kCharIDToTypeID, L"Lyr "), id(dispid::app::kCharIDToTypeID, L"Ordn"),
+         const Variant current[] = {id(dispid::app::kCharIDToTypeID, L"Lyr "),
+                                    id(dispid::app::kCharIDToTypeID, L"Ordn"),
                                     id(dispid::app::kCharIDToTypeID, L"Trgt")};
          reference->Invoke(dispid::ref::kPutEnumerated, InvokeKind::kMethod, current);
        },

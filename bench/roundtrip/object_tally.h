@@ -37,7 +37,8 @@ class ObjectTally final : public IAutomation {
 
   class Object final : public IAutomationObject {
    public:
-    Object(DispatchPtr inner, std::shared_ptr<Counts> counts) : m_inner(std::move(inner)), m_counts(std::move(counts)) {}
+    Object(DispatchPtr inner, std::shared_ptr<Counts> counts)
+        : m_inner(std::move(inner)), m_counts(std::move(counts)) {}
     Variant Invoke(int32_t dispId, InvokeKind kind, std::span<const Variant> args) override {
       std::vector<Variant> inner;
       bool carriesObject = false;

@@ -1,9 +1,8 @@
 // The simulated Photoshop served from a second process, as the real one is: the layer reads (and with
-// OSTREL_FULL_SWEEP=1 every export that talks to Photoshop) give the same answer with the same automation calls across processes as against the simulated Photoshop in
-// this process, and the server process starts, stops and ends itself as it promises. No timing is checked here;
-// `./dev roundtrip` measures.
+// OSTREL_FULL_SWEEP=1 every export that talks to Photoshop) give the same answer with the same automation calls
+// across processes as against the simulated Photoshop in this process, and the server process starts, stops and
+// ends itself as it promises. No timing is checked here; `./dev roundtrip` measures.
 #include <gtest/gtest.h>
-
 #include <objbase.h>
 
 #include <cstdlib>
@@ -24,14 +23,16 @@ namespace ostrel::roundtrip {
 namespace {
 
 // Messages of the server are ASCII.
-std::string Narrow(const std::wstring& text) { return std::string(text.begin(), text.end()); }
+std::string Narrow(const std::wstring& text) {
+  return std::string(text.begin(), text.end());
+}
 
 std::filesystem::path ExampleScenario(const char* name) {
   return std::filesystem::path(OSTREL_SOURCE_DIR) / "examples" / "photoshop" / name;
 }
 
 // The layer reads that the measurement times, run first, while the document is as the scenario opens it.
-const char* const kLayerReads[] = {"Ostrel_GetLayerInfo", "Ostrel_GetLayerID", "Ostrel_GetToolFeatures",
+const char* const kLayerReads[] = {"Ostrel_GetLayerInfo",  "Ostrel_GetLayerID",    "Ostrel_GetToolFeatures",
                                    "Ostrel_GetLayerGroup", "Ostrel_GetLayerStyle", "Ostrel_GetSelectLayerID"};
 
 // The layer reads; with OSTREL_FULL_SWEEP=1 then every Photoshop export (overloads apart) once in the order of the
@@ -116,10 +117,10 @@ INSTANTIATE_TEST_SUITE_P(Apartments, OutOfProcessAnswersTest, ::testing::ValuesI
 struct LifetimeCase {
   const char* name;
   const char* scenario;
-  bool holdAnObject;     // the client creates an application object and keeps it while stopping the server
-  bool stop;             // the client stops the server (else it waits for the server's deadline)
+  bool holdAnObject;  // the client creates an application object and keeps it while stopping the server
+  bool stop;          // the client stops the server (else it waits for the server's deadline)
   DWORD deadlineSeconds;
-  bool starts;           // Start answers with a running server
+  bool starts;  // Start answers with a running server
   DWORD exit;
 };
 

@@ -10,10 +10,9 @@
 // It signals the event named by ServerEventName(TAG, "ready") once registered, and ends when the "stop" event is
 // set, when the client's process ends or when the deadline passes, whichever comes first. Its exit code
 // (local_server.h) says which, and whether every object it served had been released when it was stopped.
-#include <windows.h>
-
 #include <objbase.h>
 #include <shellapi.h>
+#include <windows.h>
 
 #include <cstdio>
 #include <cwchar>
@@ -118,13 +117,11 @@ int Run(int argc, wchar_t** argv) {
 int main() {
   int argc = 0;
   wchar_t** argv = CommandLineToArgvW(GetCommandLineW(), &argc);
+  const ostrel::win32::LocalMemory arguments(argv);
   if (!argv) return kServerUsage;
-  int status = kServerUsage;
   try {
-    status = Run(argc, argv);
-  } catch (...) {
-    status = kServerWaitFailed;
+    return Run(argc, argv);
+  } catch (...) {  // nothing the server does throws by design; a surprise ends it as a failed wait would
+    return kServerWaitFailed;
   }
-  LocalFree(argv);
-  return status;
 }

@@ -5,10 +5,11 @@
 // process as a local COM server (once from a single-threaded apartment with a message loop, as Photoshop's main
 // thread serves its objects, once from the multithreaded apartment). Against each, four automation operations (two
 // cheap property gets, a read of the Action Manager, the creation of an object) are timed one by one after a
-// warm-up (N each in this process, the --remote-calls count across processes), and a few exports are run whole through the library (--runs times each) next to their automation calls times the median
-// of one call. The answers of every export across processes must be those of the same export in this process.
-// Prints two Markdown tables, which `./dev roundtrip` keeps in the README; exit status 1 when a server or an
-// answer went wrong.
+// warm-up (N each in this process, the --remote-calls count across processes), and a few exports are run whole
+// through the library (--runs times each) beside estimates from their automation calls, the calls among them that
+// carry an object and the objects they create. The answers and counts of every export across processes must be
+// those of the same export in this process. Prints two Markdown tables, which `./dev roundtrip` keeps in the
+// README; exit status 1 when a server or an answer went wrong.
 #include <windows.h>
 
 #include <cstdio>
@@ -86,8 +87,8 @@ constexpr const char* kOperationNames[kOperationCount] = {
 };
 
 struct ExportFigures {
-  ExportRun first;       // its answer and automation calls
-  int64_t created = 0;   // the objects it created by ProgID, each a CoCreateInstance that the calls don't count
+  ExportRun first;          // its answer and automation calls
+  int64_t created = 0;      // the objects it created by ProgID, each a CoCreateInstance that the calls don't count
   int64_t objectCalls = 0;  // its calls that carry an object either way
   Spread time;
 };
@@ -115,18 +116,17 @@ void TimeOperations(ServerFigures& figures, int count) {
   reference->Invoke(dispid::ref::kPutEnumerated, InvokeKind::kMethod, current);
   const Variant target[] = {Variant::Dispatch(reference)};
 
-  figures.operations[kVersionGet] = TimeOperation(
-      [&] { application->Invoke(dispid::app::kVersion, InvokeKind::kPropertyGet, {}); }, count);
-  figures.operations[kCountGet] = TimeOperation(
-      [&] { descriptor->Invoke(dispid::desc::kCount, InvokeKind::kPropertyGet, {}); }, count);
-  figures.operations[kActionGet] = TimeOperation(
-      [&] { application->Invoke(dispid::app::kExecuteActionGet, InvokeKind::kMethod, target); }, count);
+  figures.operations[kVersionGet] =
+      TimeOperation([&] { application->Invoke(dispid::app::kVersion, InvokeKind::kPropertyGet, {}); }, count);
+  figures.operations[kCountGet] =
+      TimeOperation([&] { descriptor->Invoke(dispid::desc::kCount, InvokeKind::kPropertyGet, {}); }, count);
+  figures.operations[kActionGet] =
+      TimeOperation([&] { application->Invoke(dispid::app::kExecuteActionGet, InvokeKind::kMethod, target); }, count);
   figures.operations[kCreate] = TimeOperation([&] { com.Create(L"Photoshop.ActionReference.130"); }, count);
 }
 
 // Connects the library and runs each export: once for its answer and calls, then runs times timed.
-void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, const ObjectTally& tally,
-                 int runs) {
+void TimeExports(ServerFigures& figures, cli::CountingAutomation& counter, const ObjectTally& tally, int runs) {
   if (Ostrel_Init() != 1) throw std::runtime_error("Ostrel_Init did not connect to " + figures.servedBy);
   for (const char* name : kExports) {
     const cli::CallEntry* entry = FindExport(name);
@@ -154,9 +154,9 @@ ServerFigures TimeAcrossProcesses(ServerApartment apartment, const std::string& 
   ServerFigures figures;
   figures.servedBy = servedBy;
   std::wstring error;
-  std::optional<LocalServer> server =
-      LocalServer::Start(ServerBesideThisProgram(), Scenario(), apartment, 600, error);
-  if (!server) throw std::runtime_error("the local server (" + servedBy + "): " + std::string(error.begin(), error.end()));
+  std::optional<LocalServer> server = LocalServer::Start(ServerBesideThisProgram(), Scenario(), apartment, 600, error);
+  if (!server)
+    throw std::runtime_error("the local server (" + servedBy + "): " + std::string(error.begin(), error.end()));
   TimeOperations(figures, count);
   if (counter) TimeExports(figures, *counter, tally, runs);
   const DWORD exit = server->Stop();
@@ -213,9 +213,9 @@ void PrintExportTable(const ServerFigures& inProcess, const ServerFigures& cross
       arguments += (arguments.empty() ? "" : " ") + cli::RenderJson(arg.value);
     }
     std::cout << Row({std::string("`") + name + "`", arguments.empty() ? "" : "`" + arguments + "`",
-                      std::to_string(there.first.calls), std::to_string(there.objectCalls), std::to_string(there.created),
-                      FormatMicroseconds(Estimate(here, inProcess, true)), FormatMicroseconds(here.time.median),
-                      FormatMicroseconds(Estimate(there, crossProcess, false)),
+                      std::to_string(there.first.calls), std::to_string(there.objectCalls),
+                      std::to_string(there.created), FormatMicroseconds(Estimate(here, inProcess, true)),
+                      FormatMicroseconds(here.time.median), FormatMicroseconds(Estimate(there, crossProcess, false)),
                       FormatMicroseconds(Estimate(there, crossProcess, true)), FormatMicroseconds(there.time.median)})
               << "\n";
   }
@@ -257,12 +257,12 @@ int Run(int count, int remoteCount, int runs) {
     TimeOperations(inProcess, count);
     TimeExports(inProcess, counter, tally, runs);
   }
-  const ServerFigures singleThreaded =
-      TimeAcrossProcesses(ServerApartment::kSingleThreaded,
-                          "another process: a single-threaded apartment and its message loop", remoteCount, &counter,
-                          tally, runs);
-  const ServerFigures multithreaded = TimeAcrossProcesses(
-      ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount, nullptr, tally, runs);
+  const ServerFigures singleThreaded = TimeAcrossProcesses(
+      ServerApartment::kSingleThreaded, "another process: a single-threaded apartment and its message loop",
+      remoteCount, &counter, tally, runs);
+  const ServerFigures multithreaded =
+      TimeAcrossProcesses(ServerApartment::kMultithreaded, "another process: the multithreaded apartment", remoteCount,
+                          nullptr, tally, runs);
 
   PrintOperationTable({&inProcess, &singleThreaded, &multithreaded});
   std::cout << "\n";
@@ -272,7 +272,8 @@ int Run(int count, int remoteCount, int runs) {
             << " that carry an object at the mean of `executeActionGet`, the rest at the mean of `version`, and the"
             << " creations at the mean of a creation, in this process and from the single-threaded apartment of the"
             << " other process. Across processes a get costs "
-            << static_cast<int>(singleThreaded.operations[kVersionGet].median / inProcess.operations[kVersionGet].median + 0.5)
+            << static_cast<int>(
+                   singleThreaded.operations[kVersionGet].median / inProcess.operations[kVersionGet].median + 0.5)
             << " times, a creation "
             << static_cast<int>(singleThreaded.operations[kCreate].median / inProcess.operations[kCreate].median + 0.5)
             << " times what they cost in one process.\n";

@@ -21,7 +21,8 @@ struct Spread {
 // The mean and the nearest-rank percentiles of the samples (in any order); all zero for none.
 Spread SpreadOf(std::vector<double> samples);
 
-// A duration in microseconds as the README's tables print it: "0.84 us", "61.3 us", "412 us", "1.27 ms", "638 ms", "3.80 s".
+// A duration in microseconds as the README's tables print it: "0.84 us", "61.3 us", "412 us", "1.27 ms", "638 ms",
+// "3.80 s".
 std::string FormatMicroseconds(double microseconds);
 
 }  // namespace ostrel::roundtrip
