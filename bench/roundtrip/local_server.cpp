@@ -25,7 +25,8 @@ std::wstring ServerEventName(const std::wstring& tag, const wchar_t* which) {
 
 std::optional<LocalServer> LocalServer::Start(const std::filesystem::path& serverExe,
                                               const std::filesystem::path& scenario, ServerApartment apartment,
-                                              DWORD deadlineSeconds, std::wstring& error, DWORD readyTimeoutMs) {
+                                              DWORD deadlineSeconds, std::wstring& error, DWORD readyTimeoutMs,
+                                              DWORD clientProcessId) {
   LocalServer server;
   const std::wstring tag = NewTag();
   // Both events exist before the server starts, so that neither side can miss the other's signal.
@@ -36,7 +37,8 @@ std::optional<LocalServer> LocalServer::Start(const std::filesystem::path& serve
     return std::nullopt;
   }
   std::wstring commandLine = Quoted(serverExe.wstring()) + L" " + Quoted(scenario.wstring()) + L" " + tag + L" " +
-                             std::to_wstring(GetCurrentProcessId()) + L" " + std::to_wstring(deadlineSeconds) +
+                             std::to_wstring(clientProcessId ? clientProcessId : GetCurrentProcessId()) + L" " +
+                             std::to_wstring(deadlineSeconds) +
                              (apartment == ServerApartment::kSingleThreaded ? L" sta" : L" mta");
   std::vector<wchar_t> writable(commandLine.begin(), commandLine.end());
   writable.push_back(L'\0');
@@ -50,6 +52,7 @@ std::optional<LocalServer> LocalServer::Start(const std::filesystem::path& serve
   }
   const Handle thread(process.hThread);
   server.m_process = Handle(process.hProcess);
+  server.m_processId = process.dwProcessId;
 
   const HANDLE waitFor[] = {ready.Get(), server.m_process.Get()};
   const DWORD wait = WaitForMultipleObjects(2, waitFor, FALSE, readyTimeoutMs);

@@ -42,11 +42,12 @@ using Handle = win32::UniqueAny<HANDLE, &CloseHandle>;
 class LocalServer {
  public:
   // Starts the server executable on a scenario and waits until it has registered its classes (readyTimeoutMs at
-  // most). The server ends itself after deadlineSeconds. Nothing, with the reason in error, when it fails to start,
+  // most). The server ends itself after deadlineSeconds, or when the client's process ends (this process unless
+  // clientProcessId names another). Nothing, with the reason in error, when it fails to start,
   // exits first or isn't ready in time (a late one is terminated).
   static std::optional<LocalServer> Start(const std::filesystem::path& serverExe, const std::filesystem::path& scenario,
                                           ServerApartment apartment, DWORD deadlineSeconds, std::wstring& error,
-                                          DWORD readyTimeoutMs = 20000);
+                                          DWORD readyTimeoutMs = 20000, DWORD clientProcessId = 0);
   LocalServer(LocalServer&&) noexcept = default;
   LocalServer& operator=(LocalServer&&) noexcept = default;
   ~LocalServer();
@@ -57,11 +58,14 @@ class LocalServer {
   // Waits for the server to exit by itself, without telling it to stop, and gives its exit code; kServerKilled
   // when it was still running after timeoutMs (it is terminated then).
   DWORD WaitForExit(DWORD timeoutMs);
+  // The server's process id while it runs.
+  DWORD ProcessId() const noexcept { return m_processId; }
 
  private:
   LocalServer() = default;
   Handle m_process;
   Handle m_stop;
+  DWORD m_processId = 0;
   std::optional<DWORD> m_exitCode;
 };
 

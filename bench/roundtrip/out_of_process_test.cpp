@@ -150,6 +150,21 @@ TEST_P(ServerLifetimeTest, EndsAsItSays) {
   EXPECT_EQ(exit, c.exit) << Narrow(DescribeServerExit(exit));
 }
 
+// A server whose client's process ends stops serving: another server process stands in for the client here.
+TEST_F(OutOfProcessTest, EndsWhenItsClientsProcessEnds) {
+  std::wstring error;
+  std::optional<LocalServer> client = LocalServer::Start(ServerBesideThisProgram(), ExampleScenario("only_130.json"),
+                                                         ServerApartment::kMultithreaded, 60, error);
+  ASSERT_TRUE(client) << Narrow(error);
+  std::optional<LocalServer> server =
+      LocalServer::Start(ServerBesideThisProgram(), ExampleScenario("only_130.json"), ServerApartment::kSingleThreaded,
+                         60, error, 20000, client->ProcessId());
+  ASSERT_TRUE(server) << Narrow(error);
+  EXPECT_EQ(client->Stop(), kServerClean);
+  const DWORD exit = server->WaitForExit(30000);
+  EXPECT_EQ(exit, kServerClientGone) << Narrow(DescribeServerExit(exit));
+}
+
 INSTANTIATE_TEST_SUITE_P(Lifetimes, ServerLifetimeTest, ::testing::ValuesIn(kLifetimes),
                          [](const auto& info) { return std::string(info.param.name); });
 
