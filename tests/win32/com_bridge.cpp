@@ -181,22 +181,25 @@ void RemovePhotoshopProgIds() {
   for (const std::wstring& key : names) RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
 }
 
-ComBridge::ComBridge(IAutomation& backend, const std::vector<std::wstring>& progIds) {
+ComBridge::ComBridge(IAutomation& backend, const std::vector<std::wstring>& progIds, DWORD contexts) {
   RemovePhotoshopProgIds();
   for (const std::wstring& progId : progIds) {
     GUID clsid{};
     CoCreateGuid(&clsid);
     const std::wstring key = progId + L"\\CLSID";
     const std::wstring value = GuidText(clsid);
-    RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
-                    static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+    const LSTATUS written = RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
+                                            static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
     win32::ComPtr<IClassFactory> factory = win32::ComPtr<IClassFactory>::Adopt(new BridgeFactory(backend, progId));
     Registration registration{progId, 0};
-    CoRegisterClassObject(clsid, factory.Get(), CLSCTX_LOCAL_SERVER | CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                          &registration.cookie);
+    CoRegisterClassObject(clsid, factory.Get(), contexts, REGCLS_MULTIPLEUSE, &registration.cookie);
+    if (written != ERROR_SUCCESS) m_allRegistered = false;
+    if (!registration.cookie) m_allRegistered = false;
     m_registrations.push_back(registration);
   }
 }
+
+bool ComBridge::AllRegistered() const { return m_allRegistered; }
 
 ComBridge::~ComBridge() {
   for (const Registration& registration : m_registrations) {

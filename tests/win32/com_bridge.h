@@ -18,12 +18,17 @@ inline const std::vector<std::wstring> kProgIds130 = {L"Photoshop.Application.13
 
 class ComBridge {
  public:
-  // Registers each ProgID as a COM class whose instances come from backend->Create(progId). Any other
-  // Photoshop ProgID registered by an earlier run is removed first.
-  ComBridge(IAutomation& backend, const std::vector<std::wstring>& progIds);
+  // Registers each ProgID as a COM class whose instances come from backend->Create(progId), for the contexts
+  // given (a server of its own process registers for CLSCTX_LOCAL_SERVER only). Any other Photoshop ProgID
+  // registered by an earlier run is removed first.
+  ComBridge(IAutomation& backend, const std::vector<std::wstring>& progIds,
+            DWORD contexts = CLSCTX_LOCAL_SERVER | CLSCTX_INPROC_SERVER);
   ~ComBridge();
   ComBridge(const ComBridge&) = delete;
   ComBridge& operator=(const ComBridge&) = delete;
+
+  // Whether every ProgID was written and its class factory registered.
+  bool AllRegistered() const;
 
   // How many bridge objects (IDispatch wrappers and factories) are alive in this process.
   static long LiveObjects();
@@ -37,6 +42,7 @@ class ComBridge {
     DWORD cookie = 0;
   };
   std::vector<Registration> m_registrations;
+  bool m_allRegistered = true;
 };
 
 // Removes every Photoshop.* ProgID key under HKEY_CLASSES_ROOT.
