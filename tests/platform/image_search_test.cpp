@@ -233,20 +233,14 @@ TEST_F(ImageFileTest, AScreenThatCantBeTakenFindsNothing) {
 TEST_F(ImageFileTest, AGreyPngWithAlphaIsComparedByItsColours) {
   // A grey and alpha PNG decodes to the same RGB as an RGB PNG of its greys.
   RgbImage grey = Flat(4, 3, 0, 0, 0);
-  std::string bytes;
-  unsigned char pixels[4 * 3 * 2];
+  uint8_t pixels[4 * 3 * 2];
   for (int i = 0; i < 12; ++i) {
-    pixels[2 * i] = static_cast<unsigned char>(i * 20);
-    pixels[2 * i + 1] = static_cast<unsigned char>(i % 2 ? 0 : 255);
+    pixels[2 * i] = static_cast<uint8_t>(i * 20);
+    pixels[2 * i + 1] = static_cast<uint8_t>(i % 2 ? 0 : 255);
     grey.rgb[3 * static_cast<size_t>(i)] = grey.rgb[3 * static_cast<size_t>(i) + 1] =
         grey.rgb[3 * static_cast<size_t>(i) + 2] = static_cast<uint8_t>(i * 20);
   }
-  stbi_write_png_to_func(
-      [](void* context, void* data, int size) {
-        static_cast<std::string*>(context)->append(static_cast<const char*>(data), static_cast<size_t>(size));
-      },
-      &bytes, 4, 3, 2, pixels, 8);
-  const std::optional<RgbImage> decoded = DecodePng(bytes);
+  const std::optional<RgbImage> decoded = DecodePng(test_support::PngBytes(4, 3, 2, pixels));
   ASSERT_TRUE(decoded);
   EXPECT_EQ(decoded->width, 4);
   EXPECT_EQ(decoded->height, 3);
