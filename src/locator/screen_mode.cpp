@@ -196,11 +196,16 @@ BarSizes ReadBarSizes() {
   return sizes;
 }
 
-int ModeOfLayout(const ScreenGeometry& geometry) {
-  for (const Layout& row : kLayouts) {
-    if (Fits(row, geometry)) return row.mode;
+int LayoutRowOf(const ScreenGeometry& geometry) {
+  for (size_t row = 0; row < std::size(kLayouts); ++row) {
+    if (Fits(kLayouts[row], geometry)) return static_cast<int>(row);
   }
   return -1;
+}
+
+int ModeOfLayout(const ScreenGeometry& geometry) {
+  const int row = LayoutRowOf(geometry);
+  return row < 0 ? -1 : kLayouts[row].mode;
 }
 
 int ModeOfCorner(int32_t left, int32_t top, const WindowRect& frame) {

@@ -27,7 +27,9 @@ struct ScreenGeometry {
   BarSizes bars;
 };
 
-// The mode of the first row of the layout table that the geometry fits, -1 when none does.
+// The place (from 0) of the first row of the layout table that the geometry fits, -1 when none does; and that
+// row's mode, -1 when none fits.
+int LayoutRowOf(const ScreenGeometry& geometry);
 int ModeOfLayout(const ScreenGeometry& geometry);
 // The coarser second test on the document area's left and top and the main frame's top-left corner; -1 when no
 // condition holds.
