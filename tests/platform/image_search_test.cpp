@@ -139,13 +139,6 @@ TEST(ImageSearchTest, AReferenceLargerThanTheRectangleIsNotFound) {
   EXPECT_EQ(match.score, -2.0);
 }
 
-TEST(ImageSearchTest, ClipToScreenKeepsThePartOnTheScreen) {
-  const WindowRect clipped = ClipToScreen(WindowRect{-50, -20, 60, 2000}, 1920, 1080);
-  EXPECT_TRUE(Same(clipped, WindowRect{0, 0, 60, 1080}));
-  const WindowRect off = ClipToScreen(WindowRect{1950, 10, 2100, 50}, 1920, 1080);
-  EXPECT_LE(off.right, off.left);
-}
-
 // ---- Files ------------------------------------------------------------------------------------------------------
 
 class ImageFileTest : public ::testing::Test {
@@ -228,23 +221,6 @@ TEST_F(ImageFileTest, AScreenThatCantBeTakenFindsNothing) {
   EXPECT_EQ(FindImageOnScreen(Path("patch.png"), kWholeScreen, found, 0.03, 200, 120,
                               [](const WindowRect&) { return std::optional<ScreenPixels>(); }),
             0);
-}
-
-TEST_F(ImageFileTest, AGreyPngWithAlphaIsComparedByItsColours) {
-  // A grey and alpha PNG decodes to the same RGB as an RGB PNG of its greys.
-  RgbImage grey = Flat(4, 3, 0, 0, 0);
-  uint8_t pixels[4 * 3 * 2];
-  for (int i = 0; i < 12; ++i) {
-    pixels[2 * i] = static_cast<uint8_t>(i * 20);
-    pixels[2 * i + 1] = static_cast<uint8_t>(i % 2 ? 0 : 255);
-    grey.rgb[3 * static_cast<size_t>(i)] = grey.rgb[3 * static_cast<size_t>(i) + 1] =
-        grey.rgb[3 * static_cast<size_t>(i) + 2] = static_cast<uint8_t>(i * 20);
-  }
-  const std::optional<RgbImage> decoded = DecodePng(test_support::PngBytes(4, 3, 2, pixels));
-  ASSERT_TRUE(decoded);
-  EXPECT_EQ(decoded->width, 4);
-  EXPECT_EQ(decoded->height, 3);
-  EXPECT_EQ(decoded->rgb, grey.rgb);
 }
 
 }  // namespace
