@@ -15,6 +15,7 @@
 #include "ostrel/preferences.h"
 #include "ostrel/presets.h"
 #include "ostrel/resets.h"
+#include "ostrel/screen.h"
 #include "ostrel/script.h"
 #include "ostrel/shape_fill.h"
 #include "ostrel/swatches.h"

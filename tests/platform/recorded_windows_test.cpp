@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "../support/png_files.h"
+#include "platform/text.h"
+
 namespace ostrel {
 namespace {
 
@@ -136,6 +139,9 @@ constexpr Mistake kMistakes[] = {
     // A number beyond a double is valid JSON that can't be held: its place, not an exception.
     {"{\"windows\": [{\"hwnd\": 4,\n \"class\": \"A\", \"rect\": [0, 1e999, 0, 0]}]}",
      "line 2, column 28: the number 1e999 is too large to read"},
+    {R"({"screenshot": "", "windows": []})", "screenshot: must be the path of a PNG file"},
+    {R"({"screenshot": 3, "windows": []})", "screenshot: must be the path of a PNG file"},
+    {R"({"screenshots": "a.png", "windows": []})", "unknown key \"screenshots\""},
 };
 
 TEST(RecordedWindows, MistakesAreNamedByTheirPlace) {
@@ -148,6 +154,48 @@ TEST(RecordedWindows, MistakesAreNamedByTheirPlace) {
   const WindowTreeLoad missing = LoadWindowTree("/nonexistent/tree.json");
   EXPECT_FALSE(missing.tree);
   EXPECT_EQ(missing.error, "/nonexistent/tree.json: no such file");
+}
+
+// The screenshot is found from the tree file's folder, written back as it was given, read once, and a tree
+// without one (or with one that can't be read) finds no image.
+TEST(RecordedWindows, TheScreenshotIsTheScreenOfTheImageSearch) {
+  const std::filesystem::path folder = test_support::FreshFolder("recorded_screenshot");
+  const RgbImage screen = test_support::Texture(64, 48, 3);
+  test_support::WritePng(folder / "shots" / "screen.png", screen);
+  test_support::WritePng(folder / "patch.png", test_support::Cut(screen, 20, 10, 8, 6));
+  const std::string text =
+      R"({"screen": {"width": 60, "height": 40}, "screenshot": "shots/screen.png", "windows": []})";
+  test_support::WriteFile(folder / "tree.json", text);
+  WindowTreeLoad load = LoadWindowTree(folder / "tree.json");
+  ASSERT_TRUE(load.tree) << load.error;
+  EXPECT_EQ(load.tree->screenshot, "shots/screen.png");
+  EXPECT_NE(WriteWindowTree(*load.tree).find(R"("screenshot": "shots/screen.png")"), std::string::npos);
+  const std::u8string patchName = (folder / "patch.png").u8string();
+  const std::wstring patch = FromUtf8(std::string(patchName.begin(), patchName.end()));
+  RecordedWindows windows(std::move(*load.tree));
+  WindowRect found;
+  EXPECT_EQ(windows.FindImage(patch, WindowRect{0, 0, 60, 40}, found, 0.03), 1);
+  EXPECT_EQ(found.left * 1000 + found.top, 20010);
+  EXPECT_EQ(windows.FindImage(patch, WindowRect{21, 0, 60, 40}, found, 0.03), 0);
+  // A patch beyond the recorded screen's size (the screenshot is larger) lies off the screen.
+  test_support::WritePng(folder / "corner.png", test_support::Cut(screen, 56, 40, 8, 8));
+  const std::u8string cornerName = (folder / "corner.png").u8string();
+  EXPECT_EQ(windows.FindImage(FromUtf8(std::string(cornerName.begin(), cornerName.end())), WindowRect{0, 0, 64, 48},
+                              found, 0.03),
+            0);
+  std::filesystem::remove_all(folder / "shots");  // read at the first search: the searches go on without it
+  EXPECT_EQ(windows.FindImage(patch, WindowRect{0, 0, 60, 40}, found, 0.03), 1);
+
+  WindowTreeLoad parsed = ParseWindowTree(text);  // from text: the working directory, where no such file is
+  ASSERT_TRUE(parsed.tree);
+  RecordedWindows elsewhere(std::move(*parsed.tree));
+  EXPECT_EQ(elsewhere.FindImage(patch, WindowRect{0, 0, 60, 40}, found, 0.03), 0);
+  RecordedWindowTree bare;
+  bare.screenWidth = 60;
+  bare.screenHeight = 40;
+  RecordedWindows none(std::move(bare));
+  EXPECT_EQ(none.FindImage(patch, WindowRect{0, 0, 60, 40}, found, 0.03), 0);
+  std::filesystem::remove_all(folder);
 }
 
 }  // namespace

@@ -48,6 +48,7 @@ TEST(WindowCaptureTest, CapturingTheWindowsBuiltFromATreeGivesBackThatTree) {
     EXPECT_EQ(captured.screenWidth, GetSystemMetrics(SM_CXSCREEN));
     RecordedWindowTree mapped;
     mapped.comment = named.tree.comment;
+    mapped.screenshot = named.tree.screenshot;  // a picture of the screen, which no capture of windows takes
     mapped.screenWidth = named.tree.screenWidth;
     mapped.screenHeight = named.tree.screenHeight;
     for (RecordedWindow& window : captured.windows) {

@@ -181,6 +181,26 @@ void RecordedWindows::ScreenSize(int32_t& width, int32_t& height) {
 }
 
 // A recorded tree holds no pixels: no reference image is ever found on it.
-int32_t RecordedWindows::FindImage(const std::wstring&, const WindowRect&, WindowRect&, double) { return 0; }
+const RgbImage* RecordedWindows::Screenshot() {
+  std::lock_guard lock(m_screenshotMutex);
+  if (!m_screenshotRead) {
+    m_screenshotRead = true;
+    if (!m_tree.screenshot.empty()) {
+      const std::u8string written(m_tree.screenshot.begin(), m_tree.screenshot.end());
+      m_screenshot = LoadPngFile(m_tree.folder / std::filesystem::path(written));
+    }
+  }
+  return m_screenshot ? &*m_screenshot : nullptr;
+}
+
+int32_t RecordedWindows::FindImage(const std::wstring& imagePath, const WindowRect& area, WindowRect& found,
+                                   double threshold) {
+  return FindImageOnScreen(imagePath, area, found, threshold, m_tree.screenWidth, m_tree.screenHeight,
+                           [this](const WindowRect& clipped) -> std::optional<ScreenPixels> {
+                             const RgbImage* shot = Screenshot();
+                             if (shot == nullptr) return std::nullopt;
+                             return CropScreen(*shot, clipped);
+                           });
+}
 
 }  // namespace ostrel

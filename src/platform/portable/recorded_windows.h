@@ -4,6 +4,7 @@
 // The file is JSON (UTF-8):
 //
 //   {"comment": "...", "screen": {"width": 1920, "height": 1080},
+//    "screenshot": "shot.png",           a PNG of the screen, its top-left pixel at (0, 0); path from the file's folder
 //    "windows": [WINDOW, ...]}            top-level windows in z-order, topmost first
 //   WINDOW: {"hwnd": 1234,                nonzero, unique in the file: the handle the locator answers
 //            "class": "PSFloatC",         required
@@ -15,12 +16,12 @@
 //            "items": ["..."], "selected": 0,   only on a ComboBox: its list and current selection (default -1)
 //            "children": [WINDOW, ...]}   child windows, topmost first
 //
-// "comment" and "screen" may be left out (the screen is then 0 by 0; its sizes lie from 0 to 32767). Any other key
-// is a mistake, as are a repeated or zero handle, a missing class, an owner that isn't a top-level window of the
-// file, an owned window listed after its owner (an owned window always lies above it), an owner on a child window,
-// items or a selection on another class than ComboBox, a selection outside the items, a coordinate beyond the
-// range above, and a ComboBox whose title isn't the item it shows (a drop-down list has no text of its own; its
-// title defaults to that item, "" for none).
+// "comment", "screen" and "screenshot" may be left out (the screen is then 0 by 0, its sizes from 0 to 32767; without
+// a screenshot no image is found on it). Any other key is a mistake, as are a repeated or zero handle, a missing
+// class, an owner that isn't a top-level window of the file, an owned window listed after its owner (an owned window
+// always lies above it), an owner on a child window, items or a selection on another class than ComboBox, a
+// selection outside the items, a coordinate beyond the range above, and a ComboBox whose title isn't the item it
+// shows (a drop-down list has no text of its own; its title defaults to that item, "" for none).
 //
 // What the tree means, as Windows answers for real windows:
 // - Classes and titles are compared whole and without regard to case by the searches of top-level windows and of
@@ -36,12 +37,14 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/image_search.h"
 #include "platform/window_tree.h"
 
 namespace ostrel {
@@ -64,6 +67,10 @@ struct RecordedWindowTree {
   std::string comment;  // UTF-8, as written in the file
   int32_t screenWidth = 0;
   int32_t screenHeight = 0;
+  // The screenshot's path as written in the file (UTF-8), relative to folder unless absolute; empty for none.
+  std::string screenshot;
+  // The folder of the file the tree was read from (LoadWindowTree sets it); empty: the working directory.
+  std::filesystem::path folder;
   std::vector<RecordedWindow> windows;  // top-level windows, topmost first
 };
 
@@ -99,7 +106,9 @@ struct ReceivedMessage {
 };
 
 // The window tree and screen backend over a recorded tree. It keeps its own copy, which WM_SETTEXT changes, and
-// the messages its windows received, in order (a message to a handle the tree doesn't have goes nowhere).
+// the messages its windows received, in order (a message to a handle the tree doesn't have goes nowhere). The
+// screen's pixels are those of the screenshot, read at the first image search; a screenshot that can't be read
+// finds nothing.
 class RecordedWindows final : public IWindowTree, public IScreen {
  public:
   explicit RecordedWindows(RecordedWindowTree tree);
@@ -138,8 +147,12 @@ class RecordedWindows final : public IWindowTree, public IScreen {
   void Index(RecordedWindow& window, RecordedWindow* container);
   RecordedWindow* Lookup(WindowHandle window);
   WindowHandle DeepestAt(const std::vector<RecordedWindow>& windows, int32_t x, int32_t y) const;
+  const RgbImage* Screenshot();
 
   RecordedWindowTree m_tree;
+  std::mutex m_screenshotMutex;
+  bool m_screenshotRead = false;
+  std::optional<RgbImage> m_screenshot;
   std::unordered_map<WindowHandle, Place> m_places;
   std::vector<ReceivedMessage> m_received;
 };

@@ -154,7 +154,7 @@ void Reader::Items(const json& value, RecordedWindow& window, const std::string&
 RecordedWindowTree ReadTree(const json& document) {
   if (!document.is_object()) Fail("", "the tree must be a JSON object with \"windows\"");
   for (const auto& [key, unused] : document.items()) {
-    if (key != "comment" && key != "screen" && key != "windows") {
+    if (key != "comment" && key != "screen" && key != "screenshot" && key != "windows") {
       Fail("the top level", "unknown key \"" + key + "\"");
     }
   }
@@ -171,6 +171,13 @@ RecordedWindowTree ReadTree(const json& document) {
     tree.screenWidth = ReadCoordinate(screen["width"], "screen", "\"width\"");
     tree.screenHeight = ReadCoordinate(screen["height"], "screen", "\"height\"");
     if (tree.screenWidth < 0 || tree.screenHeight < 0) Fail("screen", "a size can't be negative");
+  }
+  if (document.contains("screenshot")) {
+    const json& screenshot = document["screenshot"];
+    if (!screenshot.is_string() || screenshot.get<std::string>().empty()) {
+      Fail("screenshot", "must be the path of a PNG file, from the tree file's folder");
+    }
+    tree.screenshot = screenshot.get<std::string>();
   }
   if (!document.contains("windows") || !document["windows"].is_array()) {
     Fail("", "\"windows\" must be the list of top-level windows");
@@ -300,13 +307,15 @@ WindowTreeLoad LoadWindowTree(const std::filesystem::path& file) {
   const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   WindowTreeLoad load = ParseWindowTree(text);
   if (!load.tree) load.error = PathText(file) + ": " + load.error;
+  if (load.tree) load.tree->folder = file.parent_path();
   return load;
 }
 
 std::string WriteWindowTree(const RecordedWindowTree& tree) {
   std::string out = "{\"comment\": " + Quote(tree.comment) + ", \"screen\": {\"width\": " +
-                    std::to_string(tree.screenWidth) + ", \"height\": " + std::to_string(tree.screenHeight) +
-                    "},\n \"windows\": [\n";
+                    std::to_string(tree.screenWidth) + ", \"height\": " + std::to_string(tree.screenHeight) + "},";
+  if (!tree.screenshot.empty()) out += " \"screenshot\": " + Quote(tree.screenshot) + ",";
+  out += "\n \"windows\": [\n";
   for (size_t i = 0; i < tree.windows.size(); ++i) {
     WriteWindow(tree.windows[i], "  ", out);
     out += i + 1 < tree.windows.size() ? ",\n" : "";

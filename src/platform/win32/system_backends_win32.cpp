@@ -268,6 +268,7 @@ namespace ostrel {
 void InstallSystemBackends(Platform& platform) {
   static win32::ComAutomation automation;
   static win32::Win32WindowTree windows;
+  static win32::Win32Screen screen;
   static win32::Win32Encoding encoding;
   static win32::Win32FileSystem files;
   static win32::ProfileIniStore ini;
@@ -275,6 +276,7 @@ void InstallSystemBackends(Platform& platform) {
   static win32::Win32Clock clock;
   platform.automation = &automation;
   platform.windows = &windows;
+  platform.screen = &screen;
   platform.encoding = &encoding;
   platform.files = &files;
   platform.ini = &ini;

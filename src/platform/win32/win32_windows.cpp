@@ -2,6 +2,9 @@
 #include "platform/win32/win32_windows.h"
 
 #include <exception>
+#include <vector>
+
+#include "platform/win32/holders.h"
 
 namespace ostrel::win32 {
 namespace {
@@ -23,6 +26,25 @@ BOOL CALLBACK VisitOne(HWND window, LPARAM lParam) {
     return FALSE;
   }
 }
+
+// The GDI objects of a screen copy.
+using MemoryDc = UniqueAny<HDC, &DeleteDC>;
+using Bitmap = UniqueAny<HBITMAP, &DeleteObject>;
+
+// The screen's device context, given back with ReleaseDC.
+class ScreenDc {
+ public:
+  ScreenDc() noexcept : m_dc(GetDC(nullptr)) {}
+  ~ScreenDc() {
+    if (m_dc) ReleaseDC(nullptr, m_dc);
+  }
+  ScreenDc(const ScreenDc&) = delete;
+  ScreenDc& operator=(const ScreenDc&) = delete;
+  HDC Get() const noexcept { return m_dc; }
+
+ private:
+  HDC m_dc;
+};
 
 // The window of a handle that names one; null for the null handle and for one that has gone.
 HWND LiveWindow(WindowHandle handle) {
@@ -156,6 +178,64 @@ int32_t Win32WindowTree::ComboBoxCount(WindowHandle window) {
 int32_t Win32WindowTree::ComboBoxSelection(WindowHandle window) {
   const HWND live = LiveWindow(window);
   return live ? static_cast<int32_t>(SendMessageW(live, CB_GETCURSEL, 0, 0)) : 0;
+}
+
+}  // namespace ostrel::win32
+
+namespace ostrel::win32 {
+
+std::optional<ScreenPixels> CaptureScreen(const WindowRect& rect) {
+  const int width = rect.right - rect.left;
+  const int height = rect.bottom - rect.top;
+  if (width <= 0 || height <= 0) return std::nullopt;
+  const ScreenDc screen;
+  if (!screen.Get()) return std::nullopt;
+  const MemoryDc memory(CreateCompatibleDC(screen.Get()));
+  const Bitmap bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
+  if (!memory || !bitmap) return std::nullopt;
+  const HGDIOBJ before = SelectObject(memory.Get(), bitmap.Get());
+  if (before == nullptr || before == HGDI_ERROR) return std::nullopt;
+  // CAPTUREBLT takes layered windows too: what the learner sees.
+  const BOOL copied = BitBlt(memory.Get(), 0, 0, width, height, screen.Get(), rect.left, rect.top, SRCCOPY | CAPTUREBLT);
+  SelectObject(memory.Get(), before);  // GetDIBits wants the bitmap out of every device context
+  if (!copied) return std::nullopt;
+
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = -height;  // top row first
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  std::vector<uint8_t> bgrx(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
+  if (GetDIBits(memory.Get(), bitmap.Get(), 0, static_cast<UINT>(height), bgrx.data(), &info, DIB_RGB_COLORS) !=
+      height) {
+    return std::nullopt;
+  }
+  ScreenPixels pixels;
+  pixels.left = rect.left;
+  pixels.top = rect.top;
+  pixels.image.width = width;
+  pixels.image.height = height;
+  pixels.image.rgb.resize(static_cast<size_t>(width) * static_cast<size_t>(height) * 3);
+  for (size_t i = 0, n = static_cast<size_t>(width) * static_cast<size_t>(height); i < n; ++i) {
+    pixels.image.rgb[3 * i] = bgrx[4 * i + 2];
+    pixels.image.rgb[3 * i + 1] = bgrx[4 * i + 1];
+    pixels.image.rgb[3 * i + 2] = bgrx[4 * i];
+  }
+  return pixels;
+}
+
+void Win32Screen::ScreenSize(int32_t& width, int32_t& height) {
+  width = GetSystemMetrics(SM_CXSCREEN);
+  height = GetSystemMetrics(SM_CYSCREEN);
+}
+
+int32_t Win32Screen::FindImage(const std::wstring& imagePath, const WindowRect& area, WindowRect& found,
+                               double threshold) {
+  int32_t width = 0, height = 0;
+  ScreenSize(width, height);
+  return FindImageOnScreen(imagePath, area, found, threshold, width, height, &CaptureScreen);
 }
 
 }  // namespace ostrel::win32

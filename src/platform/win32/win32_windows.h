@@ -5,9 +5,11 @@
 #include <windows.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/image_search.h"
 #include "platform/window_tree.h"
 
 namespace ostrel::win32 {
@@ -52,6 +54,19 @@ class Win32WindowTree final : public IWindowTree {
   bool PressEnter(WindowHandle window) override;
   int32_t ComboBoxCount(WindowHandle window) override;
   int32_t ComboBoxSelection(WindowHandle window) override;
+};
+
+// The pixels of the screen within rect (screen coordinates, inside the screen), copied from the screen's device
+// context; nothing when the system refuses a step.
+std::optional<ScreenPixels> CaptureScreen(const WindowRect& rect);
+
+// The screen of Windows: the primary display's size, and the image search on what it shows at the moment of
+// asking (only the searched rectangle is copied).
+class Win32Screen final : public IScreen {
+ public:
+  void ScreenSize(int32_t& width, int32_t& height) override;
+  int32_t FindImage(const std::wstring& imagePath, const WindowRect& area, WindowRect& found,
+                    double threshold) override;
 };
 
 }  // namespace ostrel::win32
