@@ -10,6 +10,7 @@
 #include "events/notifiers.h"
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
+#include "locator/dialogs.h"
 #include "locator/handles.h"
 #include "locator/main_frame.h"
 #include "locator/patterns.h"
