@@ -197,6 +197,9 @@ TEST(AdjustmentPanel, EveryTitleGivesItsAdjustmentAndOnlySixHaveTheComboBox) {
     int selection = 99;
     EXPECT_EQ(Number(Ostrel_GetAdjustLayerCmbWnd(selection)), c.comboBox ? 12 : 0);
     EXPECT_EQ(selection, c.comboBox ? 0 : -1);
+    kind = static_cast<EnAdjustLayer>(99);
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerPopWnd(kind)), 0);  // no fill pop-up
+    EXPECT_EQ(kind, -1);
   }
 }
 
@@ -253,6 +256,31 @@ TEST(FileDialogs, TheTypeBoxIsTheLowerOfExactlyTwo) {
   }
 }
 
+// The address bar: a toolbar under the breadcrumb whose title holds 地址; the navigation toolbar comes first.
+TEST(FileDialogs, TheAddressBarIsTheBreadcrumbToolbar) {
+  struct Case {
+    const char* title;
+    const char* parent;
+    long long expected;
+  };
+  constexpr Case kCases[] = {
+      {"地址: 桌面", "Breadcrumb Parent", 203}, {"位置 地址", "Breadcrumb Parent", 203},
+      {"Address: 桌面", "Breadcrumb Parent", 0},  {"地址: 桌面", "msctls_progress32", 0},
+  };
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(c.title);
+    Win dialog = FileDialog("另存为", {440});
+    dialog.children.insert(dialog.children.begin(),
+                           {{200, "ToolbarWindow32", "地址", {10, 40, 90, 60}},
+                            {201, "Breadcrumb Parent", "", {100, 40, 600, 60}, true,
+                             {{202, "ToolbarWindow32", "", {100, 40, 300, 60}}}},
+                            {204, c.parent, "", {300, 40, 600, 60}, true,
+                             {{203, "ToolbarWindow32", c.title, {300, 40, 600, 60}}}}});
+    const Tree tree({dialog});
+    EXPECT_EQ(Number(Ostrel_GetSaveAsPathWnd()), c.expected);
+  }
+}
+
 TEST(FileDialogs, TheFileNameBoxIsTheHighestComboBox) {
   const Tree tree({FileDialog("另存为", {440, 300})});  // one type box above the name box
   EXPECT_EQ(Number(Ostrel_GetSaveAsFileNameCmbWnd()), 111);
@@ -296,9 +324,11 @@ TEST(GradientEditor, NameLosesEveryCommaAndBlank) {
   for (const Case& c : kCases) {
     SCOPED_TRACE(c.text);
     // The name field is the eighth shown window from the top; the view and six labels lie above it.
+    // A label on the field's row, left of it, is listed after it: sorted by the top alone the field stays eighth.
     std::vector<Win> children = Labels(6, 200);
     children.push_back({300, "Edit", c.text, {100, 200, 300, 222}});
-    for (const Win& below : Labels(c.shown - 8, 400)) {
+    children.push_back({301, "Static", "名称(N):", {10, 200, 90, 218}});
+    for (const Win& below : Labels(c.shown - 9, 400)) {
       children.push_back({below.hwnd, "Static", "", {10, 300 + below.rect[1], 90, 318 + below.rect[1]}});
     }
     children.push_back({500, "Edit", "", {100, 5, 300, 20}, false});
