@@ -320,7 +320,9 @@ constexpr Row kDialogRows[] = {
     {"marquee", N(Ostrel_GetCurrentLayerStylePanel()), -1},
     {"marquee", H(Ostrel_GetLayerStyleWnd()), 0},
     {"adjustment_panel", H(Ostrel_GetAdjustLayerWnd()), 3100},
-    {"adjustment_panel", H(Ostrel_GetAdjustLayerPopWnd()), 5200},
+    {"adjustment_panel", H(Ostrel_GetAdjustLayerPopWnd()), 0},
+    {"fill_popups", H(Ostrel_GetAdjustLayerPopWnd()), 5200},  // the solid colour picker is hidden
+    {"fill_popups", H(Ostrel_GetAdjustLayerWnd()), 0},
     {"layer_style", H(Ostrel_GetAdjustLayerWnd()), 0},
     {"layer_style", H(Ostrel_GetAdjustLayerPopWnd()), 0},
     {"new_document", H(Ostrel_GetNewDocumentTypeCmbWnd()), 5506},
@@ -409,11 +411,15 @@ TEST(ExampleTrees, DialogOutParameters) {
     EnAdjustLayer kind{};
     EXPECT_EQ(Number(Ostrel_GetAdjustLayerWnd(kind)), 3100);
     EXPECT_EQ(kind, 5);
-    EXPECT_EQ(Number(Ostrel_GetAdjustLayerPopWnd(kind)), 5200);
-    EXPECT_EQ(kind, 1);
     int selection = 99;
     EXPECT_EQ(Number(Ostrel_GetAdjustLayerCmbWnd(selection)), 3102);
     EXPECT_EQ(selection, 2);
+  }
+  {
+    const InstalledTree tree("fill_popups");
+    EnAdjustLayer kind{};
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerPopWnd(kind)), 5200);
+    EXPECT_EQ(kind, 1);
   }
   {
     const InstalledTree tree("new_document");
