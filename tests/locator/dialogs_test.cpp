@@ -203,18 +203,6 @@ TEST(AdjustmentPanel, EveryTitleGivesItsAdjustmentAndOnlySixHaveTheComboBox) {
   }
 }
 
-TEST(AdjustmentPanel, FillPopupsTheFirstShownInTheirOrder) {
-  const Tree tree({{100, "PSFloatC", "图案填充", {0, 0, 300, 300}},
-                   {101, "PSFloatC", "拾色器（纯色）", {0, 0, 300, 300}, false},
-                   {102, "PSFloatC", "渐变填充", {0, 0, 300, 300}},
-                   {103, "OWL.FrameDrawer", "", {0, 0, 300, 300}, false}});
-  EnAdjustLayer kind = static_cast<EnAdjustLayer>(99);
-  EXPECT_EQ(Number(Ostrel_GetAdjustLayerPopWnd(kind)), 102);
-  EXPECT_EQ(kind, 1);
-  EXPECT_EQ(Number(Ostrel_GetAdjustLayerWnd(kind)), 0);  // the panel's frame is hidden
-  EXPECT_EQ(kind, -1);
-}
-
 // ---- The file dialogs ----
 
 // A file dialog: the file name box holding its Edit, and type boxes at the given tops.
@@ -434,6 +422,15 @@ TEST(RefineEdgeLocator, ControlsByNumber) {
   }
 }
 
+// The panel's view must sit in a docked palette: the same view in a floating frame isn't the panel.
+TEST(RefineEdgeLocator, PanelOnlyInAPalette) {
+  std::vector<Win> windows = RefineEdgeTree({});
+  windows.back().children[0].cls = "OWL.FrameDrawer";
+  const Tree tree(windows);
+  EXPECT_EQ(Number(Ostrel_GetRefineEdgeWnd()), 0);
+  EXPECT_EQ(Ostrel_IsRefineEdgeSubFold(), 0u);
+}
+
 TEST(RefineEdgeLocator, TheFieldLiesStrictlyBesideTheLastLabel) {
   struct Case {
     const char* what;
@@ -454,26 +451,6 @@ TEST(RefineEdgeLocator, TheFieldLiesStrictlyBesideTheLastLabel) {
                                     {50, "Edit", "2", {1100, c.fieldTop, 1160, c.fieldBottom}}}));
     EXPECT_EQ(Number(Ostrel_GetRefineEdgeControl(static_cast<EnRefineEdge>(11))), c.expected);
   }
-}
-
-TEST(RefineEdgeLocator, PanelOnlyInAShownViewOfAPalette) {
-  {
-    // A hidden palette's view holds the button first; the shown one is found after it.
-    Win hiddenPalette{13, "OWL.Palette", "图层", {1000, 100, 1300, 900}, false,
-                      {{14, "PSViewC", "", {1000, 100, 1300, 900}, true,
-                        {{15, "Button", "显示边缘 (J)", {1100, 110, 1200, 130}}}}}};
-    std::vector<Win> windows = RefineEdgeTree({});
-    windows.back().children.insert(windows.back().children.begin(), hiddenPalette);
-    const Tree tree(windows);
-    EXPECT_EQ(Number(Ostrel_GetRefineEdgeWnd()), 12);
-  }
-  const Tree tree({{10, "Photoshop", "", {0, 0, 1920, 1040}, true,
-                    {{11, "OWL.FrameDrawer", "", {1000, 100, 1300, 900}, true,
-                      {{12, "PSViewC", "", {1000, 100, 1300, 900}, true,
-                        {{20, "Button", "显示边缘 (J)", {1100, 110, 1200, 130}}}}}}}}});
-  EXPECT_EQ(Number(Ostrel_GetRefineEdgeWnd()), 0);
-  EXPECT_EQ(Ostrel_IsRefineEdgeSubFold(), 0u);
-  EXPECT_EQ(Number(Ostrel_GetRefineEdgeViewWnd()), 0);
 }
 
 // The preview is told by its size as the walk down the panel's left edge meets it. The candidate stands inside

@@ -349,6 +349,9 @@ constexpr Row kDialogRows[] = {
     {"liquify", H(Ostrel_GetLiquifyWnd()), 7100},
     {"liquify", H(Ostrel_GetFilterGalleryWnd()), 0},
     {"liquify", N(Ostrel_GetFilterGallery()), -1},
+    {"camera_raw_filter", H(Ostrel_GetFilterGalleryWnd()), 0},
+    {"camera_raw_filter", H(Ostrel_GetFilterGalleryCmb()), 0},
+    {"camera_raw_filter", H(Ostrel_GetLiquifyWnd()), 0},
     {"refine_edge", H(Ostrel_GetRefineEdgeWnd()), 1602},
     {"refine_edge", N(Ostrel_IsRefineEdgeSubFold()), 5},  // 平滑 folded
     {"refine_edge", H(Ostrel_GetRefineEdgeViewWnd()), 8001},
