@@ -3,6 +3,7 @@
 
 #include "ostrel/brush_colors.h"
 #include "ostrel/channels_paths.h"
+#include "ostrel/dialogs.h"
 #include "ostrel/documents.h"
 #include "ostrel/events.h"
 #include "ostrel/export.h"

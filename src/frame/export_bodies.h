@@ -11,6 +11,7 @@
 #include "frame/connection.h"
 #include "frame/lifecycle.h"
 #include "locator/camera_raw.h"
+#include "locator/dialogs.h"
 #include "locator/handles.h"
 #include "locator/layer_panel.h"
 #include "locator/main_frame.h"

@@ -340,5 +340,134 @@ TEST(ExampleTrees, NothingFoundWithoutPhotoshop) {
   EXPECT_EQ(Ostrel_GetFontAntiAlias(), -1);
 }
 
+// The dialog and filter windows on their example trees. Each tree holds what a wrong reading would take: a hidden
+// window of the same kind before the shown one, a title that only begins with the one looked for, a window listed
+// first that isn't first on the screen.
+constexpr Row kDialogRows[] = {
+    {"layer_style", N(Ostrel_GetCurrentLayerStylePanel()), 128},  // 33 shown, 3 hidden (one titled 叠印)
+    {"layer_style", H(Ostrel_GetLayerStyleWnd()), 5000},
+    {"layer_style_gradient", N(Ostrel_GetCurrentLayerStylePanel()), 32768},
+    {"layer_style_color", N(Ostrel_GetCurrentLayerStylePanel()), 64},  // 40 shown: told by 叠印
+    {"layer_style_color", H(Ostrel_GetLayerStyleWnd()), 5000},
+    {"marquee", N(Ostrel_GetCurrentLayerStylePanel()), -1},
+    {"marquee", H(Ostrel_GetLayerStyleWnd()), 0},
+    {"adjustment_panel", H(Ostrel_GetAdjustLayerWnd()), 3100},
+    {"adjustment_panel", H(Ostrel_GetAdjustLayerPopWnd()), 0},
+    {"fill_popups", H(Ostrel_GetAdjustLayerPopWnd()), 5200},  // the solid colour picker is hidden
+    {"fill_popups", H(Ostrel_GetAdjustLayerWnd()), 0},
+    {"layer_style", H(Ostrel_GetAdjustLayerWnd()), 0},
+    {"layer_style", H(Ostrel_GetAdjustLayerPopWnd()), 0},
+    {"new_document", H(Ostrel_GetNewDocumentTypeCmbWnd()), 5506},
+    {"save_as", H(Ostrel_GetSaveAsPathWnd()), 6009},
+    {"save_as", H(Ostrel_GetSaveAsFileNameEdtWnd()), 6021},
+    {"save_as", H(Ostrel_GetSaveAsFileNameCmbWnd()), 6020},
+    {"save_as", H(Ostrel_GetSaveAsFileTypeCmbWnd()), 6031},
+    {"save_as", H(Ostrel_GetOpenFileNameEdtWnd()), 0},
+    {"save_as", H(Ostrel_GetOpenFileTypeCmbWnd()), 0},
+    {"open_dialog", H(Ostrel_GetOpenFileNameEdtWnd()), 6121},
+    {"open_dialog", H(Ostrel_GetOpenFileTypeCmbWnd()), 6131},  // on one row with the name box: the second
+    {"open_dialog", H(Ostrel_GetSaveAsPathWnd()), 0},
+    {"place_dialog", H(Ostrel_GetPlaceFileFileNameEdtWnd()), 6221},
+    {"place_dialog", H(Ostrel_GetReplaceFileFileNameEdtWnd()), 0},  // hidden
+    {"replace_dialog", H(Ostrel_GetReplaceFileFileNameEdtWnd()), 6421},
+    {"replace_dialog", H(Ostrel_GetPlaceFileFileNameEdtWnd()), 0},
+    {"layer_style", N(Ostrel_GetGradualWndName() == L"橙黄橙"), 1},
+    {"layer_style_gradient", N(Ostrel_GetGradualWndName() == L"黑白"), 1},
+    {"gradient_editor", N(Ostrel_GetGradualWndName().empty()), 1},  // 28 shown windows
+    {"filter_gallery", H(Ostrel_GetFilterGalleryWnd()), 7000},
+    {"filter_gallery", N(Ostrel_GetFilterGallery()), 256},
+    {"filter_gallery", H(Ostrel_GetFilterGalleryCmb()), 7004},
+    {"filter_gallery", H(Ostrel_GetLiquifyWnd()), 0},
+    {"liquify", H(Ostrel_GetLiquifyWnd()), 7100},
+    {"liquify", H(Ostrel_GetFilterGalleryWnd()), 0},
+    {"liquify", N(Ostrel_GetFilterGallery()), -1},
+    {"camera_raw_filter", H(Ostrel_GetFilterGalleryWnd()), 0},
+    {"camera_raw_filter", H(Ostrel_GetFilterGalleryCmb()), 0},
+    {"camera_raw_filter", H(Ostrel_GetLiquifyWnd()), 0},
+    {"refine_edge", H(Ostrel_GetRefineEdgeWnd()), 1602},
+    {"refine_edge", N(Ostrel_IsRefineEdgeSubFold()), 5},  // 平滑 folded
+    {"refine_edge", H(Ostrel_GetRefineEdgeViewWnd()), 8001},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{1})), 1612},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{2})), 1613},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{3})), 1614},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{4})), 0},  // no label 不透明度
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{5})), 1616},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{6})), 0},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{7})), 1620},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{8})), 1623},  // beside the second 半径:
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{9})), 0},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{10})), 0},  // its label hidden
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{16})), 0},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{17})), 1634},  // the middle, not the top
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{18})), 0},
+    {"refine_edge", H(Ostrel_GetRefineEdgeControl(EnRefineEdge{19})), 1636},
+    {"marquee", H(Ostrel_GetRefineEdgeWnd()), 0},
+    {"marquee", N(Ostrel_IsRefineEdgeSubFold()), 0},
+    {"cloud_documents", H(Ostrel_GetCloudDocuments()), 9000},
+    {"layer_style", H(Ostrel_GetCloudDocuments()), 0},
+};
+
+TEST(ExampleTrees, DialogExportsGiveTheirWindows) {
+  for (const Row& row : kDialogRows) {
+    SCOPED_TRACE(std::string(row.tree) + ": " + row.call);
+    const InstalledTree tree(row.tree);
+    EXPECT_EQ(row.answer(), row.expected);
+  }
+}
+
+// The out-parameters of the dialog exports on their trees.
+TEST(ExampleTrees, DialogOutParameters) {
+  {
+    const InstalledTree tree("layer_style");  // the contour editor comes before the gradient editor
+    HWND window = nullptr;
+    std::wstring name;
+    EXPECT_EQ(Ostrel_PopLayerStyleChildWnd(window, name), 1);
+    EXPECT_EQ(Number(window), 5800);
+    EXPECT_EQ(name, L"等高线");
+  }
+  {
+    const InstalledTree tree("layer_style_gradient");
+    HWND window = nullptr;
+    std::wstring name;
+    EXPECT_EQ(Ostrel_PopLayerStyleChildWnd(window, name), 1);
+    EXPECT_EQ(Number(window), 5700);
+    EXPECT_EQ(name, L"渐变");
+  }
+  {
+    const InstalledTree tree("layer_style_color");  // the hidden stroke colour picker comes first
+    HWND window = Handle(1);
+    std::wstring name = L"before";
+    EXPECT_EQ(Ostrel_PopLayerStyleChildWnd(window, name), 0);
+    EXPECT_EQ(Number(window), 0);
+    EXPECT_EQ(name, L"");
+  }
+  {
+    const InstalledTree tree("adjustment_panel");
+    EnAdjustLayer kind{};
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerWnd(kind)), 3100);
+    EXPECT_EQ(kind, 5);
+    int selection = 99;
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerCmbWnd(selection)), 3102);
+    EXPECT_EQ(selection, 2);
+  }
+  {
+    const InstalledTree tree("fill_popups");
+    EnAdjustLayer kind{};
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerPopWnd(kind)), 5200);
+    EXPECT_EQ(kind, 1);
+  }
+  {
+    const InstalledTree tree("new_document");
+    EnAdjustLayer kind{};
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerWnd(kind)), 0);
+    EXPECT_EQ(kind, -1);
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerPopWnd(kind)), 0);
+    EXPECT_EQ(kind, -1);
+    int selection = 99;
+    EXPECT_EQ(Number(Ostrel_GetAdjustLayerCmbWnd(selection)), 0);
+    EXPECT_EQ(selection, -1);
+  }
+}
+
 }  // namespace
 }  // namespace ostrel

@@ -111,6 +111,41 @@ struct Arguments<tagSIZE> {
     return {{999, 599}, {1000, 600}, {5000, 100}, {0, 0}};
   }
   static tagSIZE Make(const Side&, Symbol size) { return tagSIZE{size.cx, size.cy}; }
+// The out-parameters of the dialog locators start with a value that must be overwritten or, where the export
+// says so, kept; the refine edge controls are tried by every number and one on each side of the list.
+template <>
+struct Arguments<HWND&> {
+  using Symbol = int;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) { return {0}; }
+  static HWND Make(const Side&, Symbol) { return reinterpret_cast<HWND>(1); }
+};
+template <>
+struct Arguments<std::wstring&> {
+  using Symbol = int;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) { return {0}; }
+  static std::wstring Make(const Side&, Symbol) { return L"kept"; }
+};
+template <>
+struct Arguments<EnAdjustLayer&> {
+  using Symbol = int;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) { return {0}; }
+  static EnAdjustLayer Make(const Side&, Symbol) { return static_cast<EnAdjustLayer>(99); }
+};
+template <>
+struct Arguments<int&> {
+  using Symbol = int;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) { return {0}; }
+  static int Make(const Side&, Symbol) { return 99; }
+};
+template <>
+struct Arguments<EnRefineEdge> {
+  using Symbol = int;
+  static std::vector<Symbol> Samples(const std::vector<WindowHandle>&) {
+    std::vector<Symbol> controls;
+    for (int control = -1; control <= 20; ++control) controls.push_back(control);
+    return controls;
+  }
+  static EnRefineEdge Make(const Side&, Symbol control) { return static_cast<EnRefineEdge>(control); }
 };
 
 // Every combination of the samples of each parameter.
@@ -146,9 +181,12 @@ template <class T>
 std::string Print(const Side&, T value) {
   return std::to_string(static_cast<long long>(value));
 }
-template <class T>
+// An out-parameter (a non-const reference) as the export left it.
+template <class P, class T>
 std::string PrintOut(const Side& side, const T& argument) {
-  if constexpr (std::is_same_v<T, std::vector<HWND>>) return " out " + Print(side, argument);
+  if constexpr (std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>) {
+    return " out " + Print(side, argument);
+  }
   return "";
 }
 
@@ -183,7 +221,7 @@ void AddTrials(const char* name, R (*function)(P...) noexcept, const std::vector
                              } else {
                                answer = Print(side, std::apply(function, arguments));
                              }
-                             std::apply([&](const auto&... argument) { ((answer += PrintOut(side, argument)), ...); },
+                             std::apply([&](const auto&... argument) { ((answer += PrintOut<P>(side, argument)), ...); },
                                         arguments);
                              return answer;
                            }});
