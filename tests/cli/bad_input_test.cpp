@@ -23,12 +23,17 @@ class BadInputTest : public ::testing::Test {
   void SetUp() override {
     m_dir = std::filesystem::temp_directory_path() /
             ("ostrel-bad-input-" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::filesystem::remove_all(m_dir);
+    Remove();
     std::filesystem::create_directories(m_dir);
   }
-  void TearDown() override {
+  void TearDown() override { Remove(); }
+  // Gives back the rights that a test took from its files (Windows won't delete a read-only file), then removes
+  // the folder; also what an earlier run that stopped half-way left.
+  void Remove() {
     std::error_code ignored;
-    std::filesystem::permissions(m_dir / "locked.lesson", std::filesystem::perms::owner_all, ignored);
+    for (const auto& entry : std::filesystem::directory_iterator(m_dir, ignored)) {
+      std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all, ignored);
+    }
     std::filesystem::remove_all(m_dir, ignored);
   }
   std::string Write(const std::string& name, const std::string& bytes) {

@@ -111,6 +111,7 @@ struct Arguments<tagSIZE> {
     return {{999, 599}, {1000, 600}, {5000, 100}, {0, 0}};
   }
   static tagSIZE Make(const Side&, Symbol size) { return tagSIZE{size.cx, size.cy}; }
+};
 // The out-parameters of the dialog locators start with a value that must be overwritten or, where the export
 // says so, kept; the refine edge controls are tried by every number and one on each side of the list.
 template <>
